@@ -1,0 +1,44 @@
+# Settings and functions that every room of the tree uses.
+
+option(QUOREL_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+option(QUOREL_BENCHMARKS "Build the benchmarks" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+# What every target of ours is compiled with; third-party sources do not link it.
+add_library(quorel_options INTERFACE)
+target_include_directories(quorel_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(quorel_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+                                                -Wimplicit-fallthrough -Werror)
+if(QUOREL_SANITIZE)
+    target_compile_options(quorel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer -O1 -g1)
+    target_link_options(quorel_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+    target_compile_definitions(quorel_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
+                                                        _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+    # Windows' own macro-built casts and anonymous structs are not ours to warn about.
+    target_compile_options(quorel_options INTERFACE -Wno-old-style-cast -Wno-pedantic -Wno-cast-function-type)
+endif()
+
+# quorel_library(name SOURCES ... DEPENDS ...): one room as a static library.
+function(quorel_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE quorel_options)
+    target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+endfunction()
+
+# quorel_program(name SOURCES ... DEPENDS ...): an executable in bin/.
+function(quorel_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_DEPENDS} quorel_options)
+endfunction()

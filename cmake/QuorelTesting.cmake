@@ -1,0 +1,27 @@
+# GoogleTest from the distribution: the installed library natively, its source package when cross-compiling.
+if(CMAKE_CROSSCOMPILING)
+    set(INSTALL_GTEST OFF)
+    set(gtest_disable_pthreads OFF)
+    add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+    if(NOT TARGET GTest::gtest)
+        add_library(GTest::gtest ALIAS gtest)
+        add_library(GTest::gtest_main ALIAS gtest_main)
+    endif()
+else()
+    find_package(GTest REQUIRED)
+    include(GoogleTest)
+endif()
+
+# quorel_test(name SOURCES ... DEPENDS ...): one test program. Natively its tests are known to ctest; Windows programs
+# are run under Wine by ./quorel test.
+function(quorel_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_DEPENDS} GTest::gtest GTest::gtest_main quorel_options)
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+    if(CMAKE_CROSSCOMPILING)
+        set_property(GLOBAL APPEND PROPERTY QUOREL_WINDOWS_TESTS ${name})
+    else()
+        gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    endif()
+endfunction()

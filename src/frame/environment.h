@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/automation/class_registry.h"
+#include "platform/shell/clock.h"
+#include "platform/shell/settings_store.h"
+#include "platform/ui/desktop.h"
+
+namespace quorel::frame {
+
+/// What the public classes need of the world, made once by an entry point (the server, a test, a program) and
+/// handed down; outlives every object made with it.
+struct Environment {
+    ui::Desktop& desktop;
+    automation::ClassRegistry& classes;
+    shell::Clock& clock;
+    shell::SettingsStore& settings;
+};
+
+}  // namespace quorel::frame

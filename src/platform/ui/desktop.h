@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/ui/peer.h"
+#include "platform/ui/units.h"
+
+namespace quorel::ui {
+
+class Control;
+class Form;
+
+/// A message box. `style` is the platform's: 0 OK only, 1 OK and Cancel, 4 Yes and No; 16 critical, 32
+/// question, 48 warning, 64 information.
+struct Message {
+    std::u16string text;
+    std::u16string title;
+    std::int32_t style = 0;
+};
+
+/// The platform's answers of a message box.
+enum class MessageAnswer : std::int32_t { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+enum class Pointer : std::uint8_t { Default, Wait };
+
+/// Where windows live. One per process or test, handed to whoever makes forms; outlives every form.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    [[nodiscard]] virtual std::unique_ptr<Peer> makePeer(Control& control) = 0;
+    /// Serves the user until the form is hidden or unloaded. Other windows of the thread take no input
+    /// meanwhile.
+    virtual void runModal(Form& form) = 0;
+    virtual MessageAnswer showMessage(const Message& message, Form* owner) = 0;
+
+    [[nodiscard]] virtual std::u16string clipboardText() = 0;
+    virtual void setClipboardText(std::u16string_view text) = 0;
+    virtual void setPointer(Pointer pointer) = 0;
+    /// The area a window may cover, without task bars.
+    [[nodiscard]] virtual Rect workArea() = 0;
+    /// The size of one line in the windows' font.
+    [[nodiscard]] virtual Size textSize(std::u16string_view line) = 0;
+};
+
+/// Shows the wait pointer for as long as it lives.
+class WaitPointer {
+  public:
+    explicit WaitPointer(Desktop& desktop) : desktop_(desktop) { desktop_.setPointer(Pointer::Wait); }
+    ~WaitPointer() { desktop_.setPointer(Pointer::Default); }
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+
+  private:
+    Desktop& desktop_;
+};
+
+}  // namespace quorel::ui

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/ui/flags.h"
+
+namespace quorel::ui {
+
+/// Which parts of a control's state have changed; a peer reads the new values from the control.
+enum class Change : std::uint32_t {
+    None = 0,
+    Text = 1U << 0,
+    Bounds = 1U << 1,
+    Visible = 1U << 2,
+    Enabled = 1U << 3,
+    Colours = 1U << 4,
+    ToolTip = 1U << 5,
+    Menu = 1U << 6,
+    Items = 1U << 7,  ///< rows, panels, picture: the content was replaced
+    Columns = 1U << 8,
+    Selection = 1U << 9,
+    Style = 1U << 10,     ///< read-only, default button, minimum size …
+    ScrollTo = 1U << 11,  ///< bring the selection into view
+    All = 0xFFF
+};
+template <>
+inline constexpr bool kIsFlags<Change> = true;
+
+/// The native half of a control: mirrors its state in a native window and reports what the user does by the
+/// control's `user…` members. Made when the control is first shown, dropped when its form unloads. A peer
+/// must survive being destroyed while it reports (the handler may unload the form).
+class Peer {
+  public:
+    Peer() = default;
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+    virtual ~Peer() = default;
+
+    virtual void apply(Change changes) = 0;
+    virtual void takeFocus() = 0;
+};
+
+}  // namespace quorel::ui

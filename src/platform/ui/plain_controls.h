@@ -1,0 +1,129 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ui/control.h"
+
+namespace quorel::ui {
+
+/// Static text. Its access key moves the focus to the next control in tab order.
+class Label : public Control {
+  public:
+    explicit Label(std::u16string_view name) : Control(name) { setTabStop(false); }
+    void accept(ControlVisitor& visitor) override;
+};
+
+/// One line or several lines of text.
+class TextBox : public Control {
+  public:
+    explicit TextBox(std::u16string_view name) : Control(name) {}
+    void accept(ControlVisitor& visitor) override;
+
+    [[nodiscard]] bool isReadOnly() const noexcept { return readOnly_; }
+    void setReadOnly(bool readOnly);
+    [[nodiscard]] bool isMultiLine() const noexcept { return multiLine_; }
+    /// Before the control is shown.
+    void setMultiLine(bool multiLine) noexcept { multiLine_ = multiLine; }
+    /// Grey text in an empty box, e.g. "Filter".
+    [[nodiscard]] const std::u16string& cueText() const noexcept { return cueText_; }
+    void setCueText(std::u16string_view text);
+    /// Selects the whole text, now or when the box is next shown.
+    void selectAll();
+    [[nodiscard]] bool isAllSelected() const noexcept { return allSelected_; }
+
+    Event<> onChange;
+
+    void userTyped(std::u16string_view newText);
+
+  private:
+    std::u16string cueText_;
+    bool readOnly_ = false;
+    bool multiLine_ = false;
+    bool allSelected_ = false;
+};
+
+/// An RGBA image, rows from the top, four bytes a pixel (red, green, blue, alpha, not premultiplied).
+struct Picture {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::vector<std::uint8_t> rgba;
+};
+
+class Button : public Control {
+  public:
+    explicit Button(std::u16string_view name) : Control(name) {}
+    void accept(ControlVisitor& visitor) override;
+
+    /// Shown instead of the text, which stays the name for screen readers.
+    [[nodiscard]] const std::shared_ptr<const Picture>& picture() const noexcept { return picture_; }
+    void setPicture(std::shared_ptr<const Picture> picture);
+
+    Event<> onClick;
+
+    void userClicked();
+
+  private:
+    std::shared_ptr<const Picture> picture_;
+};
+
+/// Shows a picture in its natural size, or just its background.
+class PictureBox : public Control {
+  public:
+    explicit PictureBox(std::u16string_view name) : Control(name) { setTabStop(false); }
+    void accept(ControlVisitor& visitor) override;
+
+    [[nodiscard]] const std::shared_ptr<const Picture>& picture() const noexcept { return picture_; }
+    void setPicture(std::shared_ptr<const Picture> picture);
+
+    Event<> onClick;
+
+    void userClicked();
+
+  private:
+    std::shared_ptr<const Picture> picture_;
+};
+
+/// A bar of panels; the last one takes the room that is left. Placed by its owner like any control.
+class StatusBar : public Control {
+  public:
+    struct PanelState {
+        std::u16string text;
+        Twips width;
+    };
+
+    explicit StatusBar(std::u16string_view name) : Control(name) { setTabStop(false); }
+    void accept(ControlVisitor& visitor) override;
+
+    void setPanels(std::vector<PanelState> panels);
+    void setPanelText(std::size_t index, std::u16string_view text);
+    [[nodiscard]] const std::vector<PanelState>& panels() const noexcept { return panels_; }
+
+  private:
+    std::vector<PanelState> panels_;
+};
+
+enum class Orientation : bool { Horizontal, Vertical };
+
+/// A bar between two areas that the user drags, or moves with the arrow keys while it has the focus. A
+/// vertical one moves left and right. It only reports where it is wanted; its owner lays out and gives it its
+/// new bounds.
+class Splitter : public Control {
+  public:
+    Splitter(std::u16string_view name, Orientation orientation) : Control(name), orientation_(orientation) {}
+    void accept(ControlVisitor& visitor) override;
+
+    [[nodiscard]] Orientation orientation() const noexcept { return orientation_; }
+
+    Event<Twips> onMove;  ///< the wanted left (vertical) or top (horizontal)
+
+    void userMoved(Twips position);
+
+  private:
+    Orientation orientation_;
+};
+
+}  // namespace quorel::ui
