@@ -1,0 +1,148 @@
+// quorelspy: reads the windows of the library from outside, as UI test tools do.
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "hosts/spy/list_reader.h"
+#include "hosts/spy/windows_tree.h"
+
+namespace {
+
+using namespace quorel::spy;
+
+constexpr int kNotThere = 3;
+constexpr int kMisused = 2;
+
+const wchar_t* const kUsage =
+    L"usage: quorelspy FORM COMMAND\n"
+    L"  FORM                      the form's native class, e.g. frmSixPane\n"
+    L"  wait [SECONDS]            until the form is on the screen (10 seconds at most)\n"
+    L"  gone [SECONDS]            until it is not\n"
+    L"  tree                      every control: name, class, rectangle, text\n"
+    L"  rows CONTROL [MOST]       a list's count, headers and the rows in view, at most MOST; * marks the "
+    L"selected\n"
+    L"  where                     the form's middle, in screen pixels: x y\n"
+    L"  where CONTROL             the control's middle\n"
+    L"  where CONTROL ROW         the middle of the row in view whose first cell is ROW\n"
+    L"exit code: 0, 2 misused, 3 no such form, control or row\n";
+
+std::string utf8(const std::wstring& text) {
+    std::string bytes(text.size() * 3, '\0');
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                           bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(std::max(length, 0)));
+    return bytes;
+}
+
+void print(const std::wstring& text) {
+    const std::string bytes = utf8(text);
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
+int waitFor(const std::wstring& form, bool wanted, const std::vector<std::wstring>& words) {
+    constexpr DWORD kStep = 50;
+    const DWORD limit = (words.empty() ? 10 : std::stoul(words[0])) * 1000;
+    for (DWORD waited = 0; waited <= limit; waited += kStep) {
+        if ((findForm(form) != nullptr) == wanted)
+            return 0;
+        Sleep(kStep);
+    }
+    return kNotThere;
+}
+
+int printTree(HWND form) {
+    print(windowClass(form) + L" \"" + windowText(form) + L"\"\n");
+    for (const Found& found : descendants(form)) {
+        RECT bounds{};
+        GetWindowRect(found.window, &bounds);
+        std::wstring line(static_cast<std::size_t>(found.depth) * 2, L' ');
+        line +=
+            controlName(found.window) + L" [" + windowClass(found.window) + L"] " +
+            std::to_wstring(bounds.left) + L"," + std::to_wstring(bounds.top) + L" " +
+            std::to_wstring(bounds.right - bounds.left) + L"x" + std::to_wstring(bounds.bottom - bounds.top) +
+            (IsWindowVisible(found.window) ? L"" : L" hidden") + L" \"" + windowText(found.window) + L"\"\n";
+        print(line);
+    }
+    return 0;
+}
+
+int printRows(HWND control, const std::vector<std::wstring>& words) {
+    const ListReader list(control);
+    const std::vector<std::wstring> titles = list.columnTitles();
+    print(std::to_wstring(list.rowCount()) + L" rows\n ");
+    for (const std::wstring& title : titles)
+        print(L"\t" + title);
+    print(L"\n");
+    const int most = words.size() > 1 ? std::stoi(words[1]) : list.visibleRows();
+    const int first = list.firstVisibleRow();
+    for (int row = first; row < first + std::min(most, list.visibleRows()); ++row) {
+        print(row == list.selectedRow() ? L"*" : L" ");
+        for (int column = 0; column < static_cast<int>(titles.size()); ++column)
+            print(L"\t" + list.cell(row, column));
+        print(L"\n");
+    }
+    return 0;
+}
+
+int printMiddle(HWND window, const std::optional<std::wstring>& rowText) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+    if (rowText) {
+        const ListReader list(window);
+        const std::optional<int> row = list.visibleRowOf(*rowText);
+        const std::optional<POINT> place = row ? list.middleOf(*row) : std::nullopt;
+        if (!place)
+            return kNotThere;
+        middle = *place;
+    }
+    print(std::to_wstring(middle.x) + L" " + std::to_wstring(middle.y) + L"\n");
+    return 0;
+}
+
+int run(const std::wstring& formName, const std::wstring& command, const std::vector<std::wstring>& words) {
+    if (command == L"wait" || command == L"gone")
+        return waitFor(formName, command == L"wait", words);
+    const HWND form = findForm(formName);
+    if (form == nullptr)
+        return kNotThere;
+    if (command == L"tree")
+        return printTree(form);
+    HWND control = form;
+    if (!words.empty())
+        control = findControl(form, words[0]);
+    if (control == nullptr)
+        return kNotThere;
+    if (command == L"rows" && !words.empty())
+        return printRows(control, words);
+    if (command == L"where")
+        return printMiddle(control, words.size() > 1 ? std::optional(words[1]) : std::nullopt);
+    throw std::invalid_argument("unknown command");
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    _setmode(_fileno(stdout), _O_BINARY);
+    try {
+        const std::vector<std::wstring> words(argv + 1, argv + argc);
+        if (words.size() < 2)
+            throw std::invalid_argument("too few words");
+        return run(words[0], words[1], {words.begin() + 2, words.end()});
+    } catch (const std::invalid_argument&) {
+        std::fwprintf(stderr, L"%ls", kUsage);
+        return kMisused;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "quorelspy: %s\n", error.what());
+        return 1;
+    }
+}

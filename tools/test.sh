@@ -1,0 +1,73 @@
+# shellcheck shell=bash
+# Running every test and saying how it went. Sourced by ./quorel.
+
+passed=0
+failed=0
+summary=()
+
+# tally NAME PASSED FAILED SECONDS
+tally() {
+    passed=$((passed + $2))
+    failed=$((failed + $3))
+    summary+=("$(printf '%-28s %6d passed %4d failed %5d s' "$1" "$2" "$3" "$4")")
+    note "${summary[-1]}"
+}
+
+# The results of a ctest run are in its JUnit file.
+run_ctest() { # PRESET
+    local preset=$1 started=$SECONDS results=$top/build/$1/results.xml total bad
+    say "Testing $preset"
+    rm -f "$results"
+    ctest --preset "$preset" --output-junit "$results" >"$logs/$preset-test.log" 2>&1 || true
+    total=$(grep -oP '<testsuite[^>]*?\btests="\K[0-9]+' "$results" 2>/dev/null | head -n 1 || echo 0)
+    total=$(grep -zoP '<testsuite[^>]*?\btests="\K[0-9]+' "$results" 2>/dev/null | tr -d '\0' | head -n 1)
+    bad=$(grep -zoP '<testsuite[^>]*?\bfailures="\K[0-9]+' "$results" 2>/dev/null | tr -d '\0' | head -n 1)
+    if [[ -z $total || $total == 0 ]]; then
+        tail -n 30 "$logs/$preset-test.log"
+        total=1 bad=1
+    fi
+    [[ $bad == 0 ]] || grep -E '\*\*\*|Failure|Error' "$logs/$preset-test.log" | head -n 60 || true
+    tally "$preset" $((total - bad)) "$bad" $((SECONDS - started))
+}
+
+# run_google_test NAME SECONDS PROGRAM ARGUMENT...: a GoogleTest program under Wine.
+run_google_test() {
+    local name=$1 limit=$2 started=$SECONDS log=$logs/windows-$1.log good bad status=0
+    shift 2
+    run_windows "$limit" "$@" >"$log" 2>&1 || status=$?
+    good=$(grep -aoP '^\[  PASSED  \] \K[0-9]+' "$log" | tail -n 1 || true)
+    bad=$(grep -aoP '^\s*\K[0-9]+(?= FAILED TESTS?)' "$log" | tail -n 1 || true)
+    good=${good:-0} bad=${bad:-0}
+    # A program that crashed, hung or ran nothing has failed, whatever it counted.
+    if [[ $status != 0 && $bad == 0 || $good == 0 ]]; then bad=$((bad + 1)); fi
+    [[ $bad == 0 ]] || { grep -aE '^\[  FAILED|Failure$|rror' "$log" | head -n 40 || true; tail -n 5 "$log"; }
+    tally "windows: $name" "$good" "$bad" $((SECONDS - started))
+}
+
+# run_script NAME FILE ARGUMENT...: a script in our script host; it must end with code 0.
+run_script() {
+    local name=$1 file=$2 started=$SECONDS log=$logs/script-$1.log
+    shift 2
+    if run_windows 120 build/windows/bin/quorelscript.exe "$(windows_path "$file")" "$@" >"$log" 2>&1; then
+        tally "script: $name" 1 0 $((SECONDS - started))
+    else
+        tail -n 20 "$log"
+        tally "script: $name" 0 1 $((SECONDS - started))
+    fi
+}
+
+run_tests() {
+    local started=$SECONDS
+    setup
+    run_checks
+    build native
+    run_ctest native
+    build native-asan
+    run_ctest native-asan
+    build windows
+    test_windows
+    say "Summary ($((SECONDS - started)) s)"
+    printf '   %s\n' "${summary[@]}"
+    printf '\n%d passed, %d failed\n' "$passed" "$failed"
+    [[ $failed == 0 ]]
+}
