@@ -1,0 +1,115 @@
+# shellcheck shell=bash
+# The demo: the machine's Debian package index in the six-pane browser. Sourced by ./quorel.
+
+demo_dir=$top/build/demo
+demo_repository=$demo_dir/debian.quorel
+spy() { run_windows 30 build/windows/bin/quorelspy.exe "$@" | tr -d '\r'; }
+
+import_index() {
+    local lists=/var/lib/apt/lists
+    if ! compgen -G "$lists/*_Packages*" >/dev/null; then
+        say "Fetching the Debian package index (apt-get update)"
+        as_root apt-get update -q >"$logs/apt.log" 2>&1 || fail "apt-get update failed; its words are in $logs/apt.log"
+    fi
+    [[ -f $demo_repository && ! $lists -nt $demo_repository ]] && return
+    say "Importing the Debian package index"
+    rm -f "$demo_repository"*
+    build/native/bin/quorel-import --apt "$demo_repository" || fail "the index could not be imported"
+}
+
+# A picture of the whole screen; it waits for the window to have painted.
+picture() { # NAME
+    sleep 0.7
+    import -silent -window root "$demo_dir/$1.png"
+    note "picture: build/demo/$1.png"
+}
+
+show_pane() { # CONTROL
+    printf '\n   %s: ' "$1"
+    spy frmSixPane rows "$1" 8 | cut -c1-150 | sed '2,$s/^/     /'
+}
+
+show_panes() {
+    local pane
+    for pane in SourceMetaNode SourceNode MetaLink Link TargetMetaNode TargetNode; do show_pane "$pane"; done
+}
+
+click_control() { # CONTROL [ROW]
+    local place
+    place=$(spy frmSixPane where "$@") || fail "the demo finds no '$*' in the window"
+    # shellcheck disable=SC2086
+    xdotool mousemove $place click 1
+    sleep 0.4
+}
+
+# Finds a row as a person does: a click into the list, the first letters, then a click on the row.
+choose() { # CONTROL ROW
+    if ! spy frmSixPane where "$1" "$2" >/dev/null; then
+        click_control "$1"
+        xdotool type --delay 40 "$2"
+        sleep 0.5
+    fi
+    click_control "$1" "$2"
+}
+
+drive_browser() {
+    spy frmSixPane wait 60 || fail "the six-pane browser did not appear; see $logs/demo-host.log"
+    picture 1-opened
+    say "A click on the source meta node Package"
+    choose SourceMetaNode Package
+    picture 2-meta-node
+    say "A click on the meta link Package.Depends.Package"
+    choose MetaLink Package.Depends.Package
+    picture 3-meta-link
+    say "A link, chosen by keyboard"
+    click_control Link
+    xdotool key Home Down Down
+    sleep 0.4
+    show_panes
+    picture 4-link
+    say "Ctrl+F filters the source nodes"
+    click_control SourceNode
+    xdotool key ctrl+f
+    sleep 0.3
+    xdotool type --delay 40 'sqlite'
+    sleep 1.5
+    show_pane SourceNode
+    picture 5-filter
+    xdotool key Escape
+    say "Alt+F4 closes the window, and the host ends"
+    xdotool key alt+F4
+    spy frmSixPane gone 20 || fail "the window did not close"
+}
+
+demo_host() {
+    run_windows "$1" build/windows/bin/quorelscript.exe "$(windows_path samples/vbscript/browse.vbs)" \
+        "$(windows_path "$demo_repository")" >"$logs/demo-host.log" 2>&1
+}
+
+demo_in_virtual_display() {
+    local host status=0
+    demo_host 300 &
+    host=$!
+    drive_browser || status=$?
+    wait "$host" || status=$?
+    return "$status"
+}
+
+run_demo() {
+    setup
+    build native quorel-import
+    build windows
+    mkdir -p "$demo_dir"
+    import_index
+    setup_prefix
+    register_components
+    graphics x11
+    if [[ -n ${DISPLAY:-} ]]; then
+        say "The six-pane browser is yours; close it to end the demo"
+        demo_host 86400 || fail "the host failed; see $logs/demo-host.log"
+    else
+        say "There is no display, so the demo runs in a virtual one"
+        with_display demo_in_virtual_display || fail "the demo failed; see $logs/demo-host.log"
+        say "Done: the pictures are in build/demo"
+    fi
+}
