@@ -61,6 +61,8 @@ class Control {
     Menu& contextMenu();
     [[nodiscard]] Menu* contextMenuIfAny() const noexcept { return contextMenu_.get(); }
 
+    /// Moves the focus here and raises no event; before the form is shown it decides where the focus begins.
+    /// Nothing happens when the form is shown and the control is not usable.
     void focus();
     [[nodiscard]] bool hasFocus() const noexcept;
 
@@ -79,13 +81,21 @@ class Control {
     explicit Control(std::u16string_view name);
     /// Tells the peer; called by setters after the state has changed.
     void changed(Change changes);
+    /// For composed controls: the bounds have changed, so the children are to be placed anew.
+    virtual void boundsChanged() {}
+    /// Keeps the form alive while the handlers of an event run. Null outside a form.
+    [[nodiscard]] std::shared_ptr<const Form> keepFormAlive() const noexcept;
 
     std::u16string text_;
 
   private:
     friend class Container;
     friend class Form;
+    friend class Menu;
 
+    [[nodiscard]] virtual const Form* asForm() const noexcept { return nullptr; }
+    [[nodiscard]] const Control& root() const noexcept;
+    void usabilityChanged();
     /// Makes the peers of this control and, if it is a container, of what it shows.
     virtual void realize();
     virtual void unrealize() noexcept;
@@ -123,6 +133,7 @@ class Container : public Control {
     using Control::Control;
 
   private:
+    friend class Form;
     void adopt(std::unique_ptr<Control> control);
     void realize() override;
     void unrealize() noexcept override;

@@ -36,7 +36,8 @@ class Desktop {
     /// Serves the user until the form is hidden or unloaded. Other windows of the thread take no input
     /// meanwhile.
     virtual void runModal(Form& form) = 0;
-    /// Runs `task` from the message loop once the handlers that run now have returned. Dropped when the desktop ends.
+    /// Runs `task` from the message loop once the handlers that run now have returned. Dropped when the
+    /// desktop ends.
     virtual void post(std::function<void()> task) = 0;
     virtual MessageAnswer showMessage(const Message& message, Form* owner) = 0;
 

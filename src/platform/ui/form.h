@@ -17,7 +17,11 @@ enum class Modality : bool { Modeless, Modal };
 /// outermost handler has returned, so a handler may drop the last other reference.
 ///
 /// Loaded (hidden, no native window) → shown ⇄ hidden → unloaded (native windows gone, state kept); `load` or
-/// `show` loads again. The close box asks `onQueryUnload`, then unloads.
+/// `show` loads again. The close box asks `onQueryUnload`, then unloads. A form that is destroyed while
+/// loaded drops its native windows without raising an event.
+///
+/// The peer of a form makes its window hidden; after the peers of what it holds are made, `apply` with
+/// `Change::Visible` shows it.
 class Form : public Container, public std::enable_shared_from_this<Form> {
   public:
     Form(Desktop& desktop, std::u16string_view name);
@@ -25,6 +29,8 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     void accept(ControlVisitor& visitor) override;
 
     [[nodiscard]] Desktop& desktop() const noexcept { return desktop_; }
+    /// Visible is what `show` and `hide` decide.
+    void setVisible(bool visible) = delete;
 
     /// Runs `onLoad` unless the form is loaded already.
     void load();
@@ -40,7 +46,7 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
 
     /// The inner size, without caption, frame and menu bar.
     [[nodiscard]] Size clientSize() const noexcept { return clientSize_; }
-    /// Also raises `onResize`, as a resize by the user does.
+    /// Not below the minimum size. Also raises `onResize`, as a resize by the user does.
     void setClientSize(Size size);
     void setMinimumClientSize(Size size);
     [[nodiscard]] Size minimumClientSize() const noexcept { return minimumClientSize_; }
@@ -69,9 +75,12 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
 
     // What the user does, reported by the peer.
     // --------------------------------------------------------------------
+    /// Nothing happens when the size is the present one, so a peer may report its own moves.
     void userResized(Size clientSize);
     void userMoved(Point position, bool maximized);
     void userClosed();
+    /// The focus went to `control`, or to none of the form's. Nothing happens when it is there already. Not
+    /// for a window that is deactivated: the control that gets the focus back keeps it meanwhile.
     void userFocused(Control* control);
     /// Menu shortcuts and `onKeyDown` of the focused control and then of the form; true if one of them took
     /// the key.
@@ -79,8 +88,11 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
 
   private:
     friend class Control;
+    [[nodiscard]] const Form* asForm() const noexcept override { return this; }
     void realize() override;
-    void unrealize() noexcept override;
+    /// Puts the focus on a control that can have it, the next one in tab order if the present one cannot.
+    void repairFocus();
+    void takeFocus();
 
     Desktop& desktop_;
     std::unique_ptr<MenuBar> menuBar_;

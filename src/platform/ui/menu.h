@@ -10,16 +10,25 @@
 
 namespace quorel::ui {
 
+class Control;
+class Form;
+
 /// One entry of a menu, or a submenu when it has entries of its own. A caption "-" is a separator.
 class MenuItem {
   public:
     MenuItem(std::u16string_view name, std::u16string_view caption, KeyChord shortcut = {})
         : name_(name), caption_(caption), shortcut_(shortcut) {}
+    MenuItem(const MenuItem&) = delete;
+    MenuItem& operator=(const MenuItem&) = delete;
+    virtual ~MenuItem() = default;
 
     MenuItem& add(std::u16string_view name, std::u16string_view caption, KeyChord shortcut = {});
     void addSeparator();
     [[nodiscard]] const std::vector<std::unique_ptr<MenuItem>>& items() const noexcept { return items_; }
+    /// The entry of that name below this one, in depth-first order; null if there is none.
     [[nodiscard]] MenuItem* find(std::u16string_view name) const noexcept;
+    /// The entry below this one that `chord` chooses now: it and its ancestors visible and enabled.
+    [[nodiscard]] MenuItem* findShortcut(KeyChord chord) const noexcept;
 
     [[nodiscard]] const std::u16string& name() const noexcept { return name_; }
     [[nodiscard]] const std::u16string& caption() const noexcept { return caption_; }
@@ -42,8 +51,12 @@ class MenuItem {
   protected:
     /// The root hears of every change below it.
     virtual void changed();
+    /// The root keeps its form alive while the handlers of a click run.
+    [[nodiscard]] virtual std::shared_ptr<const Form> keepFormAlive() const noexcept;
 
   private:
+    [[nodiscard]] bool isUsable() const noexcept;
+
     std::u16string name_;
     std::u16string caption_;
     KeyChord shortcut_;
@@ -54,13 +67,17 @@ class MenuItem {
     std::vector<std::unique_ptr<MenuItem>> items_;
 };
 
-/// A context menu.
+/// The context menu of a control.
 class Menu : public MenuItem {
   public:
-    Menu() : MenuItem({}, {}) {}
-};
+    explicit Menu(const Control& owner) : MenuItem({}, {}), owner_(owner) {}
 
-class Form;
+  protected:
+    [[nodiscard]] std::shared_ptr<const Form> keepFormAlive() const noexcept override;
+
+  private:
+    const Control& owner_;
+};
 
 /// The menu bar of a form. A bar without a visible entry takes no room.
 class MenuBar : public MenuItem {
@@ -69,6 +86,7 @@ class MenuBar : public MenuItem {
 
   protected:
     void changed() override;
+    [[nodiscard]] std::shared_ptr<const Form> keepFormAlive() const noexcept override;
 
   private:
     Form& form_;

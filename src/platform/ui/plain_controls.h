@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -31,7 +32,7 @@ class TextBox : public Control {
     /// Grey text in an empty box, e.g. "Filter".
     [[nodiscard]] const std::u16string& cueText() const noexcept { return cueText_; }
     void setCueText(std::u16string_view text);
-    /// Selects the whole text, now or when the box is next shown.
+    /// Selects the whole text, now or when the box is next shown; it stays selected until the user types.
     void selectAll();
     [[nodiscard]] bool isAllSelected() const noexcept { return allSelected_; }
 

@@ -52,7 +52,11 @@ class VirtualList : public Control {
     /// fits.
     void rowsChanged();
     [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
+    /// What the source says; empty for a row or column that does not exist. The form stays alive meanwhile,
+    /// but the peer may be gone afterwards: the source may call a host that closes the window.
     [[nodiscard]] std::u16string cellText(std::size_t row, std::size_t column) const;
+    /// Tells the source which rows come next, under the same terms.
+    void prepareRows(std::size_t first, std::size_t last) const;
 
     void setColumns(std::vector<Column> columns);
     [[nodiscard]] const std::vector<Column>& columns() const noexcept { return columns_; }
@@ -61,8 +65,9 @@ class VirtualList : public Control {
     /// Selects and brings into view; raises no event.
     void selectRow(std::optional<std::size_t> row);
 
-    Event<> onSelect;                   ///< the user selected a row, or clicked the selected one again
-    Event<> onActivate;                 ///< double-click or Enter on the selected row
+    Event<> onSelect;    ///< the user selected a row, or clicked the selected one again; not when
+                         ///< the selection was taken away
+    Event<> onActivate;  ///< double-click or Enter on the selected row
     Event<std::size_t> onColumnClick;   ///< a click on the header of that column
     Event<std::size_t> onColumnResize;  ///< the user changed a column's width
     /// The user types to find: the text so far and the row to start from; set the last argument to the row

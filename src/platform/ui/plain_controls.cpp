@@ -1,0 +1,97 @@
+#include "platform/ui/plain_controls.h"
+
+#include "platform/ui/control_visitor.h"
+#include "platform/ui/form.h"
+
+namespace quorel::ui {
+
+void Label::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void TextBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void TextBox::setReadOnly(bool readOnly) {
+    if (readOnly_ == readOnly)
+        return;
+    readOnly_ = readOnly;
+    changed(Change::Style);
+}
+
+void TextBox::setCueText(std::u16string_view text) {
+    if (cueText_ == text)
+        return;
+    cueText_ = text;
+    changed(Change::Style);
+}
+
+void TextBox::selectAll() {
+    allSelected_ = true;
+    changed(Change::Selection);
+}
+
+void TextBox::userTyped(std::u16string_view newText) {
+    allSelected_ = false;
+    if (text_ == newText)
+        return;
+    const auto alive = keepFormAlive();
+    text_ = newText;
+    onChange.raise();
+}
+
+void Button::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void Button::setPicture(std::shared_ptr<const Picture> picture) {
+    picture_ = std::move(picture);
+    changed(Change::Items);
+}
+
+void Button::userClicked() {
+    const auto alive = keepFormAlive();
+    onClick.raise();
+}
+
+void PictureBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void PictureBox::setPicture(std::shared_ptr<const Picture> picture) {
+    picture_ = std::move(picture);
+    changed(Change::Items);
+}
+
+void PictureBox::userClicked() {
+    const auto alive = keepFormAlive();
+    onClick.raise();
+}
+
+void StatusBar::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void StatusBar::setPanels(std::vector<PanelState> panels) {
+    panels_ = std::move(panels);
+    changed(Change::Items);
+}
+
+void StatusBar::setPanelText(std::size_t index, std::u16string_view text) {
+    if (index >= panels_.size() || panels_[index].text == text)
+        return;
+    panels_[index].text = text;
+    changed(Change::Text);
+}
+
+void Splitter::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void Splitter::userMoved(Twips position) {
+    const auto alive = keepFormAlive();
+    onMove.raise(position);
+}
+
+}  // namespace quorel::ui
