@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "platform/automation/object.h"
+#include "platform/automation/text.h"
 
 namespace quorel::automation {
 
@@ -25,7 +26,7 @@ class ClassRegistry {
 
   private:
     PlatformFactory platform_;
-    std::unordered_map<std::u16string, Factory> factories_;  // keys as folded by foldCase
+    std::unordered_map<std::u16string, Factory, FoldedHash, FoldedEqual> factories_;
 };
 
 }  // namespace quorel::automation

@@ -10,6 +10,7 @@
 
 #include "platform/automation/member_call.h"
 #include "platform/automation/native_object.h"
+#include "platform/automation/text.h"
 
 namespace quorel::automation {
 
@@ -74,10 +75,11 @@ class ClassTable {
   private:
     explicit ClassTable(std::u16string_view className) : className_(className) {}
     MemberInfo& add(std::u16string_view name, std::vector<Parameter> parameters);
+    void renumberLast(MemberId id);
 
     std::u16string className_;
     std::vector<MemberInfo> members_;
-    std::unordered_map<std::u16string, std::size_t> byName_;  // keys as folded by foldCase
+    std::unordered_map<std::u16string, std::size_t, FoldedHash, FoldedEqual> byName_;
     std::unordered_map<std::int32_t, std::size_t> byId_;
 };
 
@@ -121,7 +123,10 @@ class ClassTable::Builder {
         return std::move(*this);
     }
     /// Gives the member added last another id, e.g. `MemberId::Default`.
-    Builder&& withId(MemberId id) &&;
+    Builder&& withId(MemberId id) && {
+        table_.renumberLast(id);
+        return std::move(*this);
+    }
 
     operator ClassTable() && { return std::move(table_); }  // NOLINT(google-explicit-constructor)
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 

@@ -23,8 +23,11 @@ class NativeObject {
 
     void addRef() noexcept { ++count_; }
     void release() noexcept {
-        if (--count_ == 0)
+        if (--count_ == 0) {
+            // Whoever counts the object once more while it ends must not end it a second time.
+            count_ = kEnding;
             delete this;
+        }
     }
 
     /// The members, in one table per class (see class_table.h).
@@ -48,6 +51,8 @@ class NativeObject {
     virtual ~NativeObject();
 
   private:
+    static constexpr std::uint32_t kEnding = 1U << 30;
+
     std::uint32_t count_ = 0;
     void* bridge_ = nullptr;
 };

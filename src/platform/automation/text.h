@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,12 +13,24 @@ namespace quorel::automation {
 /// UTF-8 (WTF-8) to UTF-16. Malformed bytes become U+FFFD, one for each.
 [[nodiscard]] std::u16string fromUtf8(std::string_view text);
 
-/// Ordinal comparison of member and collection names that ignores the case of letters (simple case folding of
-/// the Basic Multilingual Plane where the C++ library knows it, ASCII always).
+/// Ordinal comparison of member and collection names that ignores the case of letters (one to one, for the
+/// Latin, Greek, Cyrillic and Armenian scripts; the same in every locale).
 [[nodiscard]] bool equalsIgnoringCase(std::u16string_view a, std::u16string_view b) noexcept;
 
 /// `text` with its letters folded as `equalsIgnoringCase` compares them; equal results mean equal names.
 [[nodiscard]] std::u16string foldCase(std::u16string_view text);
+
+/// For hash tables whose keys are names: looked up by any spelling, without making a string.
+struct FoldedHash {
+    using is_transparent = void;
+    [[nodiscard]] std::size_t operator()(std::u16string_view name) const noexcept;
+};
+struct FoldedEqual {
+    using is_transparent = void;
+    [[nodiscard]] bool operator()(std::u16string_view a, std::u16string_view b) const noexcept {
+        return equalsIgnoringCase(a, b);
+    }
+};
 
 /// Decimal text of an integer.
 [[nodiscard]] std::u16string decimal(std::int64_t number);

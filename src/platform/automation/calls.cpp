@@ -1,0 +1,41 @@
+#include "platform/automation/calls.h"
+
+#include "platform/automation/error.h"
+
+namespace quorel::automation {
+
+MemberId Member::idFor(const Object& object) const {
+    const void* const key = object.typeKey();
+    if (key != nullptr && key == typeKey_)
+        return id_;
+    const MemberId id = object.resolve(name_);
+    typeKey_ = key;
+    id_ = id;
+    return id;
+}
+
+void Each::Iterator::advance() {
+    if (!owner_->next(current_))
+        owner_ = nullptr;
+}
+
+bool Each::next(Object& object) {
+    if (position_ == size_) {
+        if (ended_)
+            return false;
+        position_ = 0;
+        size_ = 0;
+        size_ = enumerator_->next(batch_);
+        ended_ = size_ < batch_.size();
+        if (size_ == 0)
+            return false;
+    }
+    Object* const element = batch_[position_].getIf<Object>();
+    if (element == nullptr)
+        throw Error(error_number::kTypeMismatch);
+    object = std::move(*element);
+    ++position_;
+    return true;
+}
+
+}  // namespace quorel::automation
