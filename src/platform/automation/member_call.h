@@ -67,7 +67,7 @@ class BoundArgument {
 };
 
 template <class R, class... P, class Call, std::size_t... I>
-Value callBound(Call&& call, std::span<Argument> arguments, std::index_sequence<I...>) {
+Value callBound(Call&& call, [[maybe_unused]] std::span<Argument> arguments, std::index_sequence<I...>) {
     std::tuple<BoundArgument<P>...> bound{BoundArgument<P>(arguments[I])...};
     if constexpr (std::is_void_v<R>) {
         call(std::get<I>(bound).pass()...);
