@@ -1,0 +1,168 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/error.h"
+#include "platform/automation/object.h"
+#include "platform/controls/cell_cache.h"
+#include "platform/controls/list_columns.h"
+#include "platform/controls/row_store.h"
+#include "platform/controls/row_view.h"
+#include "platform/ui/control.h"
+#include "platform/ui/desktop.h"
+#include "platform/ui/virtual_list.h"
+
+namespace quorel::ui {
+class Label;
+class TextBox;
+}  // namespace quorel::ui
+
+namespace quorel::controls {
+
+/// A list whose rows are repository objects. A row costs its reference and a few bytes; a row object is asked
+/// nothing until its row is seen, sorted, filtered or searched.
+///
+/// Made of plain controls: the list bears the name given, this container is "<name>.View", the filter box
+/// "<name>.Filter" (hidden until Ctrl+F), the text beside it "<name>.Shown" ("n of m").
+///
+/// The user sorts by a click on a header (up, down, as filled), types to find, filters with Ctrl+F and ends
+/// that with Esc, copies rows with their headers (Ctrl+C), and finds the same in the context menu.
+///
+/// Fills replace the rows and the columns and end sorting and filtering. They throw what the repository
+/// throws; the rows read until then stay and can be used. The host may do anything while it is asked, even
+/// empty, refill or destroy the list: what a fill that was overtaken has read is dropped.
+class ListView : public ui::Panel, private ui::RowSource {
+  public:
+    ListView(std::u16string_view name, ui::Desktop& desktop);
+    ~ListView() override;
+
+    // Fills. Elements that are Nothing are left out; an element that is no object is error 13.
+    // --------------------------------------------------------------------
+    /// `repository.MetaNodes`; the column is the name.
+    void fillWithMetaNodes(const automation::Object& repository, bool withColumns);
+    /// `repository.MetaLinks`; the column is the name.
+    void fillWithMetaLinks(const automation::Object& repository, bool withColumns);
+    /// `metaNode.Extension`; the name, and with columns one for each of `metaNode.Properties`.
+    void fillWithExtension(const automation::Object& metaNode, bool withColumns);
+    /// `metaLink.Extension`; name, source and target (the names of the ends), and with columns one for each
+    /// of `metaLink.Properties`.
+    void fillWithLinks(const automation::Object& metaLink, bool withColumns);
+
+    /// Adds a row: at the end, or where the sorting puts it. While a filter is on, it is shown if it matches.
+    void addObject(const automation::Object& object);
+    /// Removes the row of the object (found as `setSelectedObject` finds it), if there is one.
+    void removeObject(const automation::Object& object);
+
+    /// Drops the rows, the selection and the filter.
+    void clearRows();
+    /// Drops the columns and the sorting. Widths that the user gave come back with columns of the same name.
+    void resetColumns();
+    /// Both of them: no reference is held any more.
+    void empty();
+
+    /// The object of the selected row, empty when none is selected.
+    [[nodiscard]] automation::Object selectedObject() const;
+    /// Selects the row of the object, by identity, else by `Identifier` (of meta objects: `name`), and brings
+    /// it into view; a filter that hides it ends. An empty reference, or an object that has no row, takes the
+    /// selection away. Raises no event. Throws what the object throws when it is asked for its identifier;
+    /// rows that cannot tell theirs are passed over.
+    void setSelectedObject(const automation::Object& object);
+
+    [[nodiscard]] std::size_t count() const noexcept { return rows_.size(); }
+    /// The rows that the filter lets through; all of them when there is none.
+    [[nodiscard]] std::size_t shownCount() const noexcept { return view_.size(); }
+
+    /// The background of the rows.
+    void setPaneColour(ui::Colour colour);
+
+    ui::Event<> onClick;         ///< the user selected a row, by mouse or keyboard
+    ui::Event<> onDoubleClick;   ///< also Enter on the selected row
+    ui::Event<> onCountChanged;  ///< `count` or `shownCount` may be different now, whoever changed it
+    /// A visible cell could not be read; it shows a mark. Comes once a fill, from the message loop.
+    ui::Event<const automation::Error&> onCellError;
+
+    /// The parts, for owners that add entries to the list's context menu or place their focus.
+    [[nodiscard]] ui::VirtualList& list() noexcept { return *list_; }
+    [[nodiscard]] ui::TextBox& filterBox() noexcept { return *filterBox_; }
+
+    // What the context menu offers.
+    // --------------------------------------------------------------------
+    void copySelectedRow();
+    void copyAllRows();
+    void openFilter();
+    void closeFilter();
+    void sortBy(std::size_t column, ui::SortOrder order);
+
+    /// Bytes held for the rows beside their references.
+    [[nodiscard]] std::size_t bookkeepingBytes() const noexcept { return view_.bytes(); }
+
+  private:
+    // What the list shows.
+    [[nodiscard]] std::size_t rowCount() const override { return view_.size(); }
+    [[nodiscard]] std::u16string cellText(std::size_t viewRow, std::size_t column) override;
+    void prepareRows(std::size_t first, std::size_t last) override;
+    void boundsChanged() override;
+    void cellFailed(const automation::Error& error);
+
+    // Filling.
+    struct Fill {
+        RowKind kind;
+        const automation::Object& owner;
+        std::u16string_view collection;
+        bool withProperties;
+    };
+    void fill(const Fill& fill);
+    void enumerate(const automation::Object& collection, std::uint64_t generation, RowStore& incoming) const;
+    void install(std::uint64_t generation, RowStore incoming);
+
+    // Columns, sorting, searching.
+    void showColumns();
+    [[nodiscard]] ui::Twips widthOf(std::size_t column) const;
+    void clickedColumn(std::size_t column);
+    void sortRows(std::size_t column, ui::SortOrder order);
+    [[nodiscard]] std::size_t sortedPosition(std::size_t row);
+    void find(const std::u16string& text, std::size_t start, std::optional<std::size_t>& found);
+    [[nodiscard]] std::optional<std::size_t> rowOf(const automation::Object& object);
+    [[nodiscard]] std::u16string textOf(std::size_t row, std::size_t column);
+
+    // Filtering and copying.
+    void buildMenu();
+    void keyInList(ui::KeyEvent& event);
+    void keyInFilter(ui::KeyEvent& event);
+    void filterChanged();
+    [[nodiscard]] bool matches(std::size_t row, std::u16string_view folded);
+    void copyRows(std::size_t firstViewRow, std::size_t lastViewRow);
+
+    // Showing what changed.
+    void rowsReplaced(std::optional<std::size_t> selectedRow);
+    [[nodiscard]] std::optional<std::size_t> selectedRow() const;
+    void showCounts();
+    void placeChildren();
+
+    ui::Desktop& desktop_;
+    ui::TextBox* filterBox_;
+    ui::Label* shownLabel_;
+    ui::VirtualList* list_;
+
+    RowStore rows_;
+    RowView view_;
+    ListColumns columns_;
+    CellCache cache_;
+    std::map<std::u16string, ui::Twips> userWidths_;
+    std::u16string filter_;  // folded
+    std::size_t sortColumn_ = 0;
+    ui::SortOrder sortOrder_ = ui::SortOrder::None;
+    /// Counts replacements of rows or columns: what was begun under another number must not go on.
+    std::uint64_t generation_ = 0;
+    bool cellErrorReported_ = false;
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
+};
+
+}  // namespace quorel::controls
