@@ -1,0 +1,76 @@
+#pragma once
+
+// What the conformance suite needs of a backend: a desktop, and a user who acts on its windows from outside.
+// The suite is compiled into one program per backend; each program defines `makeBackend`.
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/ui/control.h"
+#include "platform/ui/desktop.h"
+#include "platform/ui/form.h"
+#include "platform/ui/keys.h"
+#include "platform/ui/plain_controls.h"
+#include "platform/ui/virtual_list.h"
+
+namespace quorel::conformance {
+
+/// One desktop and its user. The actions travel as the platform's own input does (on Windows as messages to
+/// the native windows), and return when everything they caused has been handled, posted tasks too. An action
+/// on what a user could not act on fails by `std::runtime_error`. After an action the form may be gone: the
+/// backend keeps no reference to controls beyond it.
+class Backend {
+  public:
+    virtual ~Backend() = default;
+
+    [[nodiscard]] virtual ui::Desktop& desktop() = 0;
+
+    /// Runs what is pending: posted tasks and, where there are any, messages.
+    virtual void settle() = 0;
+    /// `actions` are performed by the user while the next modal show of a form runs, once it is visible and
+    /// its loop is served. They must end the show.
+    virtual void duringModal(std::function<void(ui::Form&)> actions) = 0;
+
+    // What the user does.
+    // --------------------------------------------------------------------
+    /// A click with the left button in the middle of a button, a picture box or a text box.
+    virtual void click(ui::Control& control) = 0;
+    /// Replaces the whole text of a box by `text`, typed or pasted.
+    virtual void enterText(ui::TextBox& box, std::u16string_view text) = 0;
+    /// A key goes to the control that has the focus.
+    virtual void press(ui::Form& form, ui::KeyChord chord) = 0;
+    /// A click into a visible row; two of them fast; a click under the last row.
+    virtual void clickRow(ui::VirtualList& list, std::size_t row) = 0;
+    virtual void doubleClickRow(ui::VirtualList& list, std::size_t row) = 0;
+    virtual void clickBelowRows(ui::VirtualList& list) = 0;
+    virtual void clickColumn(ui::VirtualList& list, std::size_t column) = 0;
+    /// Types characters into the list that has the focus, to find a row.
+    virtual void typeToFind(ui::VirtualList& list, std::u16string_view text) = 0;
+    /// Chooses an entry of the form's menu bar by its name.
+    virtual void chooseMenu(ui::Form& form, std::u16string_view entry) = 0;
+    /// Opens the control's context menu and chooses an entry by its name.
+    virtual void chooseContextMenu(ui::Control& control, std::u16string_view entry) = 0;
+    virtual void closeBox(ui::Form& form) = 0;
+    virtual void resize(ui::Form& form, ui::Size clientSize) = 0;
+    virtual void dragSplitter(ui::Splitter& splitter, ui::Twips position) = 0;
+
+    // What the user sees, read from the backend's own windows where it has any.
+    // --------------------------------------------------------------------
+    [[nodiscard]] virtual bool seesForm(const ui::Form& form) = 0;
+    [[nodiscard]] virtual bool seesControl(const ui::Control& control) = 0;
+    /// The text that the native window holds.
+    [[nodiscard]] virtual std::u16string seenText(const ui::Control& control) = 0;
+    [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
+                                                  std::size_t column) = 0;
+    [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;
+    /// Live peers, of all forms.
+    [[nodiscard]] virtual std::size_t peerCount() = 0;
+};
+
+/// A fresh desktop, with no form of an earlier test left on it.
+[[nodiscard]] std::unique_ptr<Backend> makeBackend();
+
+}  // namespace quorel::conformance
