@@ -1,5 +1,7 @@
 #include "platform/ui/control.h"
 
+#include <algorithm>
+
 #include "platform/ui/control_visitor.h"
 #include "platform/ui/form.h"
 #include "platform/ui/menu.h"
@@ -89,6 +91,17 @@ Menu& Control::contextMenu() {
     if (!contextMenu_)
         contextMenu_ = std::make_unique<Menu>(*this);
     return *contextMenu_;
+}
+
+Menu* Control::userContextMenu() {
+    const auto alive = keepFormAlive();
+    onContextMenu.raise();
+    if (!contextMenu_ || !isUsable())
+        return nullptr;
+    const auto& items = contextMenu_->items();
+    const bool any =
+        std::any_of(items.begin(), items.end(), [](const auto& item) { return item->isVisible(); });
+    return any ? contextMenu_.get() : nullptr;
 }
 
 void Control::focus() {

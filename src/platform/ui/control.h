@@ -71,6 +71,10 @@ class Control {
     Event<KeyEvent&> onKeyDown;
     Event<> onContextMenu;
 
+    /// The user asks for the context menu: raises `onContextMenu` and answers the menu to show; null when
+    /// there is nothing to choose or the control is not usable any more.
+    [[nodiscard]] Menu* userContextMenu();
+
     [[nodiscard]] Peer* peer() const noexcept { return peer_.get(); }
     /// True if the control, its ancestors and its form are visible.
     [[nodiscard]] bool isShown() const noexcept;

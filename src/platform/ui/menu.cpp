@@ -60,7 +60,7 @@ void MenuItem::setChecked(bool checked) {
     changed();
 }
 
-bool MenuItem::isUsable() const noexcept {
+bool MenuItem::isChoosable() const noexcept {
     for (const MenuItem* item = this; item != nullptr; item = item->parent_)
         if (!item->visible_ || !item->enabled_)
             return false;
@@ -68,7 +68,7 @@ bool MenuItem::isUsable() const noexcept {
 }
 
 void MenuItem::userClicked() {
-    if (!isUsable())
+    if (!isChoosable())
         return;
     const auto alive = keepFormAlive();
     onClick.raise();

@@ -47,6 +47,8 @@ class MenuItem {
 
     /// Runs `onClick` if the entry and its ancestors are visible and enabled; otherwise nothing.
     void userClicked();
+    /// True if it and its ancestors are visible and enabled.
+    [[nodiscard]] bool isChoosable() const noexcept;
 
   protected:
     /// The root hears of every change below it.
@@ -55,8 +57,6 @@ class MenuItem {
     [[nodiscard]] virtual std::shared_ptr<const Form> keepFormAlive() const noexcept;
 
   private:
-    [[nodiscard]] bool isUsable() const noexcept;
-
     std::u16string name_;
     std::u16string caption_;
     KeyChord shortcut_;

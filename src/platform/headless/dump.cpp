@@ -1,0 +1,128 @@
+#include "platform/headless/dump.h"
+
+#include <cstdio>
+
+#include "platform/automation/text.h"
+#include "platform/ui/control_visitor.h"
+#include "platform/ui/menu.h"
+#include "platform/ui/plain_controls.h"
+#include "platform/ui/virtual_list.h"
+
+namespace quorel::headless {
+
+namespace {
+
+/// Text in quotes, with what would break a line written as a number.
+[[nodiscard]] std::string quoted(std::u16string_view text) {
+    std::string result = "\"";
+    for (const char unit : automation::toUtf8(text)) {
+        if (static_cast<unsigned char>(unit) < 0x20) {
+            char code[8];
+            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(unit));
+            result += code;
+        } else {
+            result += unit;
+        }
+    }
+    return result + "\"";
+}
+
+[[nodiscard]] std::string number(ui::Twips length) {
+    return std::to_string(length.value);
+}
+
+/// Names the kind of a control and what only that kind has.
+class Describer final : public ui::ControlVisitor {
+  public:
+    std::string kind, extra;
+
+    void visit(ui::Form& form) override {
+        kind = "Form";
+        extra = ' ';
+        extra += number(form.clientSize().width) + 'x' + number(form.clientSize().height);
+        extra += form.isVisible()  ? form.isModal() ? " modal" : " modeless"
+                 : form.isLoaded() ? " hidden"
+                                   : " unloaded";
+        extra += form.isMaximized() ? " maximized" : "";
+    }
+    void visit(ui::Panel&) override { kind = "Panel"; }
+    void visit(ui::Label&) override { kind = "Label"; }
+    void visit(ui::TextBox& box) override {
+        kind = "TextBox";
+        extra = box.isReadOnly() ? " read-only" : "";
+    }
+    void visit(ui::Button& button) override {
+        kind = "Button";
+        const ui::Form* const form = button.form();
+        extra += form != nullptr && form->defaultButton() == &button ? " default" : "";
+        extra += form != nullptr && form->cancelButton() == &button ? " cancel" : "";
+    }
+    void visit(ui::PictureBox&) override { kind = "PictureBox"; }
+    void visit(ui::VirtualList& list) override {
+        kind = "VirtualList";
+        for (const ui::Column& column : list.columns()) {
+            extra += extra.empty() ? " (" : " ";
+            extra += quoted(column.title);
+            extra += column.sort == ui::SortOrder::Ascending    ? "^"
+                     : column.sort == ui::SortOrder::Descending ? "v"
+                                                                : "";
+        }
+        extra += extra.empty() ? " (no columns)" : ")";
+        extra += " rows " + std::to_string(list.rowCount());
+        if (list.selectedRow())
+            extra += " selected " + std::to_string(*list.selectedRow());
+    }
+    void visit(ui::StatusBar& bar) override {
+        kind = "StatusBar";
+        for (const ui::StatusBar::PanelState& panel : bar.panels())
+            extra += " [" + quoted(panel.text) + "]";
+    }
+    void visit(ui::Splitter& splitter) override {
+        kind = "Splitter";
+        extra = splitter.orientation() == ui::Orientation::Vertical ? " vertical" : " horizontal";
+    }
+};
+
+void dumpMenu(const ui::MenuItem& menu, const std::string& indent, std::string& out) {
+    for (const auto& item : menu.items()) {
+        out += indent + (item->isSeparator() ? "---"
+                                             : "MenuItem " + automation::toUtf8(item->name()) + " " +
+                                                   quoted(item->caption()));
+        out += item->isVisible() ? "" : " hidden";
+        out += item->isEnabled() ? "" : " disabled";
+        out += item->isChecked() ? " checked" : "";
+        out += "\n";
+        dumpMenu(*item, indent + "  ", out);
+    }
+}
+
+void dumpControl(ui::Control& control, const std::string& indent, std::string& out) {
+    Describer describer;
+    control.accept(describer);
+    out += indent + describer.kind + " " + automation::toUtf8(control.name()) + " " + quoted(control.text());
+    if (control.parent() != nullptr) {
+        const ui::Rect& r = control.bounds();
+        out += " [" + number(r.left) + "," + number(r.top) + " " + number(r.width) + "x" + number(r.height) +
+               "]";
+        out += control.isVisible() ? "" : " hidden";
+    }
+    out += describer.extra;
+    out += control.isEnabled() ? "" : " disabled";
+    out += control.hasFocus() ? " focus" : "";
+    out += "\n";
+    if (auto* const container = dynamic_cast<ui::Container*>(&control))
+        for (const auto& child : container->children())
+            dumpControl(*child, indent + "  ", out);
+}
+
+}  // namespace
+
+std::string dump(ui::Form& form) {
+    std::string out;
+    dumpControl(form, "", out);
+    if (form.menuBarIfAny() != nullptr)
+        dumpMenu(form.menuBar(), "  ", out);
+    return out;
+}
+
+}  // namespace quorel::headless

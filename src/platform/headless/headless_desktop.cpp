@@ -1,0 +1,166 @@
+#include "platform/headless/headless_desktop.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "platform/automation/text.h"
+
+namespace quorel::headless {
+
+namespace {
+
+constexpr ui::Rect kScreen{{0}, {0}, {1920 * 15}, {1040 * 15}};
+constexpr ui::Twips kUnitWidth{90};
+constexpr ui::Twips kLineHeight{195};
+
+[[nodiscard]] std::string quoted(std::u16string_view text) {
+    std::string result = "'";
+    result += automation::toUtf8(text);
+    return result += '\'';
+}
+
+}  // namespace
+
+HeadlessPeer::HeadlessPeer(HeadlessDesktop& desktop, ui::Control& control)
+    : desktop_(desktop), control_(control) {
+    ++desktop_.livePeers_;
+    ++desktop_.peersMade_;
+}
+
+HeadlessPeer::~HeadlessPeer() {
+    --desktop_.livePeers_;
+}
+
+void HeadlessPeer::apply(ui::Change changes) {
+    changes_ |= changes;
+}
+
+void HeadlessPeer::takeFocus() {
+    if (ui::Form* const form = control_.form())
+        form->userFocused(&control_);
+}
+
+HeadlessDesktop::HeadlessDesktop() : workArea_(kScreen) {}
+
+HeadlessDesktop::~HeadlessDesktop() {
+    posted_.clear();
+    if (failures_.empty() && expected_.empty())
+        return;
+    for (const std::string& failure : failures_)
+        std::fprintf(stderr, "headless desktop: %s\n", failure.c_str());
+    for (const Expectation& expectation : expected_)
+        std::fprintf(stderr, "headless desktop: never came: %s\n", describe(expectation).c_str());
+    std::abort();
+}
+
+void HeadlessDesktop::expectModal(std::u16string_view formName, std::function<void(ui::Form&)> user) {
+    expected_.push_back({.formName = std::u16string(formName), .user = std::move(user)});
+}
+
+void HeadlessDesktop::expectMessage(std::function<void(const ui::Message&)> look, ui::MessageAnswer answer) {
+    expected_.push_back({.isMessage = true, .look = std::move(look), .answer = answer});
+}
+
+std::string HeadlessDesktop::describe(const Expectation& expectation) {
+    return expectation.isMessage ? "a message box" : "the modal form " + quoted(expectation.formName);
+}
+
+std::string HeadlessDesktop::nextExpected() const {
+    return expected_.empty() ? "nothing was expected" : "expected was " + describe(expected_.front());
+}
+
+void HeadlessDesktop::fail(std::string text) {
+    failures_.push_back(std::move(text));
+}
+
+void HeadlessDesktop::verify() {
+    std::vector<std::string> failures = std::exchange(failures_, {});
+    for (const Expectation& expectation : std::exchange(expected_, {}))
+        failures.push_back("never came: " + describe(expectation));
+    if (failures.empty())
+        return;
+    std::string text;
+    for (const std::string& failure : failures)
+        text += (text.empty() ? "" : "\n") + failure;
+    throw std::logic_error(text);
+}
+
+void HeadlessDesktop::runPosted() {
+    while (!posted_.empty()) {
+        const std::function<void()> task = std::move(posted_.front());
+        posted_.pop_front();
+        task();
+    }
+}
+
+bool HeadlessDesktop::isBlocked(const ui::Form& form) const noexcept {
+    return !modal_.empty() && modal_.back() != &form;
+}
+
+std::unique_ptr<ui::Peer> HeadlessDesktop::makePeer(ui::Control& control) {
+    return std::make_unique<HeadlessPeer>(*this, control);
+}
+
+void HeadlessDesktop::runModal(ui::Form& form) {
+    if (expected_.empty() || expected_.front().isMessage || expected_.front().formName != form.name()) {
+        fail("unexpected modal form " + quoted(form.name()) + ": " + nextExpected());
+        form.hide();
+        return;
+    }
+    const std::function<void(ui::Form&)> user = std::move(expected_.front().user);
+    expected_.pop_front();
+    modal_.push_back(&form);
+    serveModal(form, user);
+    modal_.pop_back();
+    if (form.isVisible() && form.isModal()) {
+        fail("the modal form " + quoted(form.name()) + " is still open when its script has ended");
+        form.hide();
+    }
+}
+
+void HeadlessDesktop::serveModal(ui::Form& form, const std::function<void(ui::Form&)>& user) {
+    try {
+        runPosted();
+        if (user)
+            user(form);
+        runPosted();
+    } catch (const std::exception& error) {
+        fail("in the script of the modal form " + quoted(form.name()) + ": " + error.what());
+    }
+}
+
+void HeadlessDesktop::post(std::function<void()> task) {
+    posted_.push_back(std::move(task));
+}
+
+ui::MessageAnswer HeadlessDesktop::showMessage(const ui::Message& message, ui::Form* owner) {
+    static_cast<void>(owner);
+    messages_.push_back(message);
+    if (expected_.empty() || !expected_.front().isMessage) {
+        fail("unexpected message box " + quoted(message.title) + " " + quoted(message.text) + ": " +
+             nextExpected());
+        return ui::MessageAnswer::Ok;
+    }
+    const Expectation expectation = std::move(expected_.front());
+    expected_.pop_front();
+    try {
+        if (expectation.look)
+            expectation.look(message);
+    } catch (const std::exception& error) {
+        fail("looking at the message box " + quoted(message.text) + ": " + error.what());
+    }
+    return expectation.answer;
+}
+
+void HeadlessDesktop::setPointer(ui::Pointer pointer) {
+    pointer_ = pointer;
+    if (pointer == ui::Pointer::Wait)
+        ++waits_;
+}
+
+ui::Size HeadlessDesktop::textSize(std::u16string_view line) {
+    return {kUnitWidth * static_cast<std::int32_t>(line.size()), kLineHeight};
+}
+
+}  // namespace quorel::headless

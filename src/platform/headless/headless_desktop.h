@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/ui/desktop.h"
+#include "platform/ui/form.h"
+
+namespace quorel::headless {
+
+class HeadlessDesktop;
+
+/// Stands for a native window: it keeps nothing but what it was told, for the control is the state.
+class HeadlessPeer final : public ui::Peer {
+  public:
+    HeadlessPeer(HeadlessDesktop& desktop, ui::Control& control);
+    ~HeadlessPeer() override;
+    void apply(ui::Change changes) override;
+    void takeFocus() override;
+
+    /// What was applied since the peer was made or this was last asked.
+    [[nodiscard]] ui::Change takeChanges() noexcept { return std::exchange(changes_, ui::Change::None); }
+
+  private:
+    HeadlessDesktop& desktop_;
+    ui::Control& control_;
+    ui::Change changes_ = ui::Change::None;
+};
+
+/// A desktop without a screen. Modal windows and message boxes are scripted before the action that opens
+/// them, in the order in which they come:
+///
+///     desktop.expectModal(u"frmNameEdit", [&](ui::Form& form) { user.click(form, u"OK"); });
+///     desktop.expectMessage([](const ui::Message& message) { … }, ui::MessageAnswer::Yes);
+///
+/// What comes unexpected, what a script could not do and what never came is a failure. Failures are recorded,
+/// not thrown where they arise, since the code under test may catch what is thrown through it: `verify`
+/// throws them. A desktop that ends with failures nobody has seen ends the process.
+class HeadlessDesktop final : public ui::Desktop {
+  public:
+    HeadlessDesktop();
+    ~HeadlessDesktop() override;
+
+    /// The next window shown modally is the form of that name; `user` acts on it and must hide or unload it.
+    void expectModal(std::u16string_view formName, std::function<void(ui::Form&)> user);
+    /// The next message box; `look` (may be empty) reads it, then it gets `answer`.
+    void expectMessage(std::function<void(const ui::Message&)> look,
+                       ui::MessageAnswer answer = ui::MessageAnswer::Ok);
+    /// Throws `std::logic_error` that tells every failure and unmet expectation, and forgets them.
+    void verify();
+    /// Records a failure for `verify`.
+    void fail(std::string text);
+
+    /// Runs posted tasks until there are none.
+    void runPosted();
+    [[nodiscard]] bool hasPosted() const noexcept { return !posted_.empty(); }
+    /// True while a modal window other than `form` takes all input.
+    [[nodiscard]] bool isBlocked(const ui::Form& form) const noexcept;
+    /// Every message box that was shown.
+    [[nodiscard]] const std::vector<ui::Message>& messages() const noexcept { return messages_; }
+    [[nodiscard]] ui::Pointer pointer() const noexcept { return pointer_; }
+    /// How often the wait pointer was asked for.
+    [[nodiscard]] std::size_t waits() const noexcept { return waits_; }
+    [[nodiscard]] std::size_t livePeers() const noexcept { return livePeers_; }
+    [[nodiscard]] std::size_t peersMade() const noexcept { return peersMade_; }
+    void setWorkArea(const ui::Rect& area) noexcept { workArea_ = area; }
+
+    // Desktop
+    // --------------------------------------------------------------------
+    [[nodiscard]] std::unique_ptr<ui::Peer> makePeer(ui::Control& control) override;
+    void runModal(ui::Form& form) override;
+    void post(std::function<void()> task) override;
+    ui::MessageAnswer showMessage(const ui::Message& message, ui::Form* owner) override;
+    [[nodiscard]] std::u16string clipboardText() override { return clipboard_; }
+    void setClipboardText(std::u16string_view text) override { clipboard_ = text; }
+    void setPointer(ui::Pointer pointer) override;
+    [[nodiscard]] ui::Rect workArea() override { return workArea_; }
+    [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+
+  private:
+    friend class HeadlessPeer;
+
+    /// One scripted window: a modal form or a message box.
+    struct Expectation {
+        bool isMessage = false;
+        std::u16string formName{};
+        std::function<void(ui::Form&)> user{};
+        std::function<void(const ui::Message&)> look{};
+        ui::MessageAnswer answer = ui::MessageAnswer::Ok;
+    };
+    [[nodiscard]] static std::string describe(const Expectation& expectation);
+    [[nodiscard]] std::string nextExpected() const;
+    void serveModal(ui::Form& form, const std::function<void(ui::Form&)>& user);
+
+    std::deque<Expectation> expected_;
+    std::vector<std::string> failures_;
+    std::deque<std::function<void()>> posted_;
+    std::vector<ui::Form*> modal_;
+    std::vector<ui::Message> messages_;
+    std::u16string clipboard_;
+    ui::Pointer pointer_ = ui::Pointer::Default;
+    ui::Rect workArea_;
+    std::size_t waits_ = 0;
+    std::size_t livePeers_ = 0;
+    std::size_t peersMade_ = 0;
+};
+
+}  // namespace quorel::headless

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/headless/headless_desktop.h"
+#include "platform/ui/control.h"
+#include "platform/ui/keys.h"
+#include "platform/ui/menu.h"
+#include "platform/ui/plain_controls.h"
+#include "platform/ui/virtual_list.h"
+
+namespace quorel::headless {
+
+/// The user was asked for what no user can do: act on something invisible, disabled or behind a modal window.
+class CannotDo : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Finds a control by name and kind. Throws `CannotDo` when the form has none.
+template <class T>
+[[nodiscard]] T& get(const ui::Container& container, std::u16string_view name);
+
+/// A user with mouse and keyboard. Every action ends with the posted tasks run, and throws `CannotDo` when it
+/// could not be performed. The form stays alive during the action whatever its handlers do.
+class User {
+  public:
+    explicit User(HeadlessDesktop& desktop) : desktop_(desktop) {}
+
+    // Mouse
+    // --------------------------------------------------------------------
+    void click(ui::Control& control);
+    void click(ui::Form& form, std::u16string_view control);
+    void selectRow(ui::VirtualList& list, std::size_t row);
+    void doubleClickRow(ui::VirtualList& list, std::size_t row);
+    void clickBelowRows(ui::VirtualList& list);
+    void clickColumn(ui::VirtualList& list, std::size_t column);
+    void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width);
+    /// Right click (on the row) and a choice, by the name of the entry.
+    void chooseContextMenu(ui::Control& control, std::u16string_view entry);
+    void chooseContextMenu(ui::VirtualList& list, std::size_t row, std::u16string_view entry);
+    /// An entry of the menu bar, by its name.
+    void chooseMenu(ui::Form& form, std::u16string_view entry);
+    void closeBox(ui::Form& form);
+    void resize(ui::Form& form, ui::Size clientSize);
+    void dragSplitter(ui::Splitter& splitter, ui::Twips position);
+
+    // Keyboard
+    // --------------------------------------------------------------------
+    /// A key for whatever has the focus: first menu shortcuts and `onKeyDown`, then the control's own keys,
+    /// then the dialog keyboard (Tab, Enter, Esc, access keys).
+    void press(ui::Form& form, ui::KeyChord chord);
+    /// Types into whatever has the focus, character by character. In a list it types to find.
+    void type(ui::Form& form, std::u16string_view text);
+    /// Goes into the box and replaces its text by one paste.
+    void enterText(ui::TextBox& box, std::u16string_view text);
+
+    // Eyes
+    // --------------------------------------------------------------------
+    /// Looks at rows as a repaint does: every cell of them once, told to the source beforehand.
+    std::vector<std::vector<std::u16string>> look(ui::VirtualList& list, std::size_t first,
+                                                  std::size_t count);
+
+  private:
+    /// Checks that a user can act on it and keeps the form alive.
+    [[nodiscard]] std::shared_ptr<ui::Form> reach(ui::Control& control) const;
+    void reachRow(const ui::VirtualList& list, std::size_t row) const;
+    void chooseFrom(ui::MenuItem& menu, std::u16string_view entry) const;
+    void pressOwnKey(ui::Form& form, ui::Control& focused, ui::KeyChord chord);
+    [[nodiscard]] bool pressInList(ui::VirtualList& list, ui::KeyChord chord) const;
+    [[nodiscard]] bool pressInBox(ui::TextBox& box, ui::KeyChord chord) const;
+    [[nodiscard]] static bool pressInSplitter(ui::Splitter& splitter, ui::KeyChord chord);
+    void typeUnit(ui::Form& form, std::u16string_view character, std::u16string& typedInList);
+
+    HeadlessDesktop& desktop_;
+};
+
+[[noreturn]] void cannotFind(const ui::Container& container, std::u16string_view name);
+
+template <class T>
+T& get(const ui::Container& container, std::u16string_view name) {
+    if (auto* const found = dynamic_cast<T*>(container.find(name)))
+        return *found;
+    cannotFind(container, name);
+}
+
+}  // namespace quorel::headless
