@@ -3,7 +3,6 @@
 
 demo_dir=$top/build/demo
 demo_repository=$demo_dir/debian.quorel
-spy() { run_windows 30 build/windows/bin/quorelspy.exe "$@" | tr -d '\r'; }
 
 import_index() {
     local lists=/var/lib/apt/lists
@@ -17,10 +16,8 @@ import_index() {
     build/native/bin/quorel-import --apt "$demo_repository" || fail "the index could not be imported"
 }
 
-# A picture of the whole screen; it waits for the window to have painted.
 picture() { # NAME
-    sleep 0.7
-    import -silent -window root "$demo_dir/$1.png"
+    screenshot "$demo_dir/$1.png"
     note "picture: build/demo/$1.png"
 }
 
@@ -34,41 +31,23 @@ show_panes() {
     for pane in SourceMetaNode SourceNode MetaLink Link TargetMetaNode TargetNode; do show_pane "$pane"; done
 }
 
-click_control() { # CONTROL [ROW]
-    local place
-    place=$(spy frmSixPane where "$@") || fail "the demo finds no '$*' in the window"
-    # shellcheck disable=SC2086
-    xdotool mousemove $place click 1
-    sleep 0.4
-}
-
-# Finds a row as a person does: a click into the list, the first letters, then a click on the row.
-choose() { # CONTROL ROW
-    if ! spy frmSixPane where "$1" "$2" >/dev/null; then
-        click_control "$1"
-        xdotool type --delay 40 "$2"
-        sleep 0.5
-    fi
-    click_control "$1" "$2"
-}
-
 drive_browser() {
     spy frmSixPane wait 60 || fail "the six-pane browser did not appear; see $logs/demo-host.log"
     picture 1-opened
     say "A click on the source meta node Package"
-    choose SourceMetaNode Package
+    choose frmSixPane SourceMetaNode Package
     picture 2-meta-node
     say "A click on the meta link Package.Depends.Package"
-    choose MetaLink Package.Depends.Package
+    choose frmSixPane MetaLink Package.Depends.Package
     picture 3-meta-link
     say "A link, chosen by keyboard"
-    click_control Link
+    click_on frmSixPane Link
     xdotool key Home Down Down
     sleep 0.4
     show_panes
     picture 4-link
     say "Ctrl+F filters the source nodes"
-    click_control SourceNode
+    click_on frmSixPane SourceNode
     xdotool key ctrl+f
     sleep 0.3
     xdotool type --delay 40 'sqlite'

@@ -71,3 +71,30 @@ run_tests() {
     printf '\n%d passed, %d failed\n' "$passed" "$failed"
     [[ $failed == 0 ]]
 }
+
+test_windows() {
+    local program script
+    setup_prefix
+    register_components
+    say "Testing under Wine"
+    graphics null
+    for program in build/windows/bin/test_*.exe; do
+        run_google_test "$(basename "$program" .exe)" 600 "$program"
+    done
+    for script in tests/hosts/*.vbs tests/hosts/*.js; do run_script "$(basename "$script")" "$script"; done
+    graphics x11
+    outside_tests
+}
+
+run_benchmarks() {
+    local program
+    setup
+    build native
+    build windows
+    setup_prefix
+    graphics null
+    say "Benchmarks, natively"
+    for program in build/native/bin/*_bench; do "$program"; done
+    say "Benchmarks, under Wine"
+    for program in build/windows/bin/*_bench.exe; do run_windows 600 "$program"; done
+}

@@ -27,6 +27,7 @@ const wchar_t* const kUsage =
     L"  FORM                      the form's native class, e.g. frmSixPane\n"
     L"  wait [SECONDS]            until the form is on the screen (10 seconds at most)\n"
     L"  gone [SECONDS]            until it is not\n"
+    L"  close                     asks the form to close, as its close box does\n"
     L"  tree                      every control: name, class, rectangle, text\n"
     L"  rows CONTROL [MOST]       a list's count, headers and the rows in view, at most MOST; * marks the "
     L"selected\n"
@@ -115,6 +116,8 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
     const HWND form = findForm(formName);
     if (form == nullptr)
         return kNotThere;
+    if (command == L"close")
+        return PostMessageW(form, WM_CLOSE, 0, 0) != FALSE ? 0 : 1;
     if (command == L"tree")
         return printTree(form);
     HWND control = form;

@@ -1,0 +1,126 @@
+# shellcheck shell=bash
+# The library from outside: hosts in several languages, real windows, real mouse and keyboard input. Sourced by ./quorel,
+# run in a virtual display; needs the repository that `import_sample` makes.
+
+outside_dir=$top/build/outside
+sample_repository=$outside_dir/library.quorel
+
+import_sample() {
+    mkdir -p "$outside_dir"
+    rm -f "$sample_repository"*
+    build/native/bin/quorel-import --jsonl samples/library.jsonl "$sample_repository" >"$logs/import-sample.log" 2>&1 ||
+        fail "the sample repository could not be imported; see $logs/import-sample.log"
+}
+
+# expect WHAT COMMAND...: the command must succeed within five seconds.
+expect() {
+    local what=$1 tries
+    shift
+    for tries in {1..10}; do
+        if "$@" >/dev/null 2>&1; then
+            outside_passed=$((outside_passed + 1))
+            return 0
+        fi
+        sleep 0.5
+    done
+    note "failed after $tries tries: $what"
+    outside_failed=$((outside_failed + 1))
+}
+
+pane_holds() { spy frmSixPane rows "$1" 40 | grep -qE "$2"; }
+pane_counts() { [[ $(spy frmSixPane rows "$1" 0 | head -n 1) == "$2 rows" ]]; }
+selected_in() { [[ $(spy frmSixPane rows "$1" 60 | grep '^\*' | cut -f2) == "$2" ]]; }
+control_exists() { spy "$1" where "$2"; }
+picture_of() { screenshot "$outside_dir/$1.png"; }
+
+start_host() { # COMMAND...
+    "$@" >"$logs/outside-host.log" 2>&1 &
+    host=$!
+}
+
+host_ends_well() { # STATUS
+    local status=0
+    wait "$host" || status=$?
+    [[ $status == "$1" ]]
+}
+
+script_host() { run_windows 120 build/windows/bin/quorelscript.exe "$(windows_path "$1")" "${@:2}"; }
+
+browse_with_mouse() {
+    expect "the window opens" spy frmSixPane wait 1
+    expect "types are listed" pane_holds SourceMetaNode Book
+    expect "instances wait for a click" pane_counts SourceNode 0
+    click_on frmSixPane SourceMetaNode Book || true
+    expect "a click on a type lists its instances" pane_holds SourceNode 'The Lighthouse|.+'
+    expect "the clicked type is selected" selected_in SourceMetaNode Book
+    local link
+    link=$(spy frmSixPane rows MetaLink 40 | sed -n 3p | cut -f2)
+    click_on frmSixPane MetaLink "$link" || true
+    expect "a click on a link type lists its links" pane_holds Link .
+    expect "it selects the source type" selected_in SourceMetaNode "${link%%.*}"
+    expect "it selects the target type" selected_in TargetMetaNode "${link##*.}"
+    local first
+    first=$(spy frmSixPane rows Link 40 | sed -n 3p | cut -f2)
+    click_on frmSixPane Link "$first" || true
+    expect "a click on a link selects its source" bash -c "[[ -n \$1 ]]" _ "$(spy frmSixPane rows SourceNode 60 | grep '^\*')"
+    expect "and its target" bash -c "[[ -n \$1 ]]" _ "$(spy frmSixPane rows TargetNode 60 | grep '^\*')"
+    picture_of "$1"
+}
+
+browse_with_keyboard() {
+    click_on frmSixPane SourceMetaNode || true
+    xdotool type --delay 40 Auth
+    expect "typing finds a row" selected_in SourceMetaNode Author
+    xdotool key ctrl+f
+    sleep 0.3
+    xdotool type --delay 40 'Pub'
+    expect "Ctrl+F filters" pane_holds SourceMetaNode Publisher
+    expect "and leaves out the rest" bash -c '! grep -q Author' < <(spy frmSixPane rows SourceMetaNode 40)
+    xdotool key Escape
+    expect "Esc brings all rows back" pane_holds SourceMetaNode Author
+}
+
+outside_host() { # NAME COMMAND...
+    start_host "${@:2}"
+    spy frmSixPane wait 30
+    browse_with_mouse "$1"
+    [[ $1 != vbscript ]] || browse_with_keyboard
+    xdotool key alt+F4
+    expect "$1: Alt+F4 closes the window" spy frmSixPane gone 1
+    expect "$1: the host ends without an error" host_ends_well 0
+}
+
+name_dialog() {
+    start_host script_host tests/outside/name.vbs
+    spy frmNameEdit wait 30
+    expect "the name dialog opens" control_exists frmNameEdit NameBox
+    picture_of name-edit
+    xdotool type --delay 40 'Typed by hand'
+    sleep 0.3
+    xdotool key Return
+    expect "Enter confirms and the host has the name" host_ends_well 0
+    expect "the host has what was typed" grep -q '^True:Typed by hand' "$logs/outside-host.log"
+    start_host script_host tests/outside/name.vbs
+    spy frmNameEdit wait 30
+    xdotool key Escape
+    expect "Esc cancels" host_ends_well 0
+    expect "the host hears of it" grep -q '^False:' "$logs/outside-host.log"
+}
+
+outside_in_display() {
+    local repository
+    repository=$(windows_path "$sample_repository")
+    outside_host vbscript script_host samples/vbscript/browse.vbs "$repository"
+    outside_host jscript script_host samples/jscript/browse.js "$repository"
+    outside_host cpp-early run_windows 120 build/windows/bin/sample_browse_early.exe "$repository"
+    outside_host cpp-late run_windows 120 build/windows/bin/sample_browse_late.exe "$repository"
+    name_dialog
+}
+
+outside_tests() {
+    local started=$SECONDS
+    outside_passed=0 outside_failed=0
+    import_sample
+    with_display outside_in_display
+    tally "outside: real input" "$outside_passed" "$outside_failed" $((SECONDS - started))
+}
