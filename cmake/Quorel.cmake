@@ -24,8 +24,10 @@ endif()
 if(WIN32)
     target_compile_definitions(quorel_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
                                                         _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-    # Windows' own macro-built casts and anonymous structs are not ours to warn about.
-    target_compile_options(quorel_options INTERFACE -Wno-old-style-cast -Wno-pedantic -Wno-cast-function-type)
+    # Windows' own macro-built casts and anonymous structs are not ours to warn about, nor that COM's interfaces have no
+    # destructors.
+    target_compile_options(quorel_options INTERFACE -Wno-old-style-cast -Wno-pedantic -Wno-cast-function-type
+                                                    -Wno-non-virtual-dtor)
 endif()
 
 # quorel_library(name SOURCES ... DEPENDS ...): one room as a static library.

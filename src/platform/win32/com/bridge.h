@@ -1,10 +1,10 @@
 #pragma once
 
-// Where the library's objects and values meet the platform's: `Object` over IDispatch, `Value` over VARIANT, and back.
-
-#include <windows.h>
+// Where the library's objects and values meet the platform's: `Object` over IDispatch, `Value` over VARIANT,
+// and back.
 
 #include <oaidl.h>
+#include <windows.h>
 
 #include <string_view>
 
@@ -20,6 +20,9 @@ namespace quorel::win32 {
 /// A reference to `dispatch` (not taken over; null gives the empty reference). A native object of this module
 /// that comes back is unwrapped.
 [[nodiscard]] automation::Object fromDispatch(IDispatch* dispatch);
+
+/// The same, taking over the count that the caller holds.
+[[nodiscard]] automation::Object adoptDispatch(IDispatch* dispatch);
 
 /// The object as others see it: a foreign one as it is, a native one by its one wrapper. Null for the empty
 /// reference.

@@ -1,7 +1,7 @@
 #pragma once
 
-// What every in-process server of ours is made of: class objects, an honest count of who is in use, registration
-// by the conventions of the platform. A server's entry points forward to one `ComModule`.
+// What every in-process server of ours is made of: class objects, an honest count of who is in use,
+// registration by the conventions of the platform. A server's entry points forward to one `ComModule`.
 
 #include <windows.h>
 
@@ -33,8 +33,8 @@ struct ComTypeLibrary {
 
 enum class RegistrationScope : bool { Machine, User };
 
-/// The server inside one DLL. Every function returns a status code and throws nothing, so that a DLL's exports
-/// are one line each:
+/// The server inside one DLL. Every function returns a status code and throws nothing, so that a DLL's
+/// exports are one line each:
 ///
 ///     STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
 ///         return module().getClassObject(clsid, iid, object);
@@ -58,6 +58,9 @@ class ComModule {
     [[nodiscard]] HRESULT install(BOOL install, const wchar_t* commandLine) const noexcept;
 
   private:
+    [[nodiscard]] HRESULT enroll(RegistrationScope scope) const noexcept;
+    [[nodiscard]] HRESULT dismiss(RegistrationScope scope) const noexcept;
+
     std::vector<ComClass> classes_;
     std::optional<ComTypeLibrary> library_;
 };

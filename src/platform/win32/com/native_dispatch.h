@@ -1,11 +1,10 @@
 #pragma once
 
-// How others see the library's own objects: one IDispatch wrapper per native object, made when it first leaves and
-// gone when the last outside reference goes.
-
-#include <windows.h>
+// How others see the library's own objects: one IDispatch wrapper per native object, made when it first
+// leaves and gone when the last outside reference goes.
 
 #include <oaidl.h>
+#include <windows.h>
 
 #include "platform/automation/class_table.h"
 #include "platform/automation/native_object.h"
@@ -46,7 +45,8 @@ class NativeDispatch {
 };
 
 /// The seven slots that every automation interface begins with, answered by the native class's table, for
-/// `Interface` derived from IDispatch. The interface's own slots are left to the class that derives from this.
+/// `Interface` derived from IDispatch. The interface's own slots are left to the class that derives from
+/// this.
 template <class Interface>
 class DualDispatch : public NativeDispatch, public Interface {
   public:
@@ -81,6 +81,9 @@ class DualDispatch : public NativeDispatch, public Interface {
 
     [[nodiscard]] IDispatch* dispatch() noexcept final { return static_cast<Interface*>(this); }
 };
+
+/// The one wrapper of an object, made when there is none; not counted.
+[[nodiscard]] NativeDispatch& wrapperOf(automation::NativeObject& native);
 
 /// Makes the wrapper of one object; the first reference is added by the caller.
 using WrapperFactory = NativeDispatch* (*)(automation::NativeObject& native);

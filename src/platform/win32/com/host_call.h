@@ -1,0 +1,42 @@
+#pragma once
+
+#include <oaidl.h>
+#include <windows.h>
+
+#include <span>
+#include <vector>
+
+#include "platform/automation/value.h"
+
+namespace quorel::win32 {
+
+/// A named argument that the member does not have.
+struct UnknownArgument {};
+
+/// The arguments of a call that comes from outside: in order, references followed, named ones put in their
+/// places.
+class HostCall {
+  public:
+    /// Throws `UnknownArgument`, and `Error` for what cannot be converted.
+    explicit HostCall(const DISPPARAMS& parameters);
+    HostCall(const HostCall&) = delete;
+    HostCall& operator=(const HostCall&) = delete;
+
+    [[nodiscard]] std::span<automation::Argument> arguments() noexcept { return arguments_; }
+    /// Stores into the caller's variables what the member changed.
+    void writeBack();
+
+  private:
+    struct Variable {
+        const VARIANT* outside;
+        automation::Value before;
+        automation::Value now;
+    };
+
+    void place(std::size_t position, const VARIANT& given);
+
+    std::vector<automation::Argument> arguments_;
+    std::vector<Variable> variables_;
+};
+
+}  // namespace quorel::win32
