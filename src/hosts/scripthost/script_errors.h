@@ -1,0 +1,17 @@
+#pragma once
+
+#include <activscp.h>
+#include <windows.h>
+
+#include <string>
+
+namespace quorel::scripthost {
+
+/// `file(line, column) source: description (number)`: lines and columns from 1; run-time errors in decimal,
+/// other status codes in hexadecimal.
+[[nodiscard]] std::u16string describe(IActiveScriptError& error, const std::u16string& file);
+
+/// A failure without a place in the script.
+[[nodiscard]] std::u16string describe(HRESULT status, const std::u16string& file);
+
+}  // namespace quorel::scripthost
