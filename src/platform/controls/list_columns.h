@@ -42,9 +42,12 @@ class ListColumns {
         std::u16string title;
     };
 
-    [[nodiscard]] static automation::Value nameOf(const automation::Member& name,
-                                                  const automation::Object& object);
-    [[nodiscard]] automation::Value property(const automation::Object& row, const std::u16string& name) const;
+    /// How rows give their properties: by `Prop_`, or by `GetProperty` when the first row asked knows no
+    /// `Prop_`.
+    enum class Access : std::uint8_t { Unknown, Prop, GetProperty };
+
+    [[nodiscard]] automation::Value endName(const automation::Object& end) const;
+    [[nodiscard]] static bool knows(const automation::Object& row, const automation::Member& member);
 
     std::vector<Column> columns_;
     RowKind kind_ = RowKind::Nodes;
@@ -55,8 +58,7 @@ class ListColumns {
     automation::Member identifier_{u"Identifier"};
     automation::Member prop_{u"Prop_"};
     automation::Member getProperty_{u"GetProperty"};
-    /// Set once a row has turned out to know no `Prop_`.
-    mutable bool usesGetProperty_ = false;
+    mutable Access access_ = Access::Unknown;
 };
 
 }  // namespace quorel::controls

@@ -15,6 +15,7 @@
 #include "platform/controls/list_columns.h"
 #include "platform/controls/row_store.h"
 #include "platform/controls/row_view.h"
+#include "platform/controls/sort_key.h"
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/virtual_list.h"
@@ -71,8 +72,8 @@ class ListView : public ui::Panel, private ui::RowSource {
     [[nodiscard]] automation::Object selectedObject() const;
     /// Selects the row of the object, by identity, else by `Identifier` (of meta objects: `name`), and brings
     /// it into view; a filter that hides it ends. An empty reference, or an object that has no row, takes the
-    /// selection away. Raises no event. Throws what the object throws when it is asked for its identifier;
-    /// rows that cannot tell theirs are passed over.
+    /// selection away. Nobody has clicked: `onClick` does not come. Throws what the object throws when it is
+    /// asked for its identifier; rows that cannot tell theirs are passed over.
     void setSelectedObject(const automation::Object& object);
 
     [[nodiscard]] std::size_t count() const noexcept { return rows_.size(); }
@@ -104,47 +105,54 @@ class ListView : public ui::Panel, private ui::RowSource {
     [[nodiscard]] std::size_t bookkeepingBytes() const noexcept { return view_.bytes(); }
 
   private:
+    struct FillRequest {
+        RowKind kind;
+        automation::Object owner;
+        std::u16string_view collection;
+        bool withProperties;
+    };
+    /// Tells whether rows, columns or order were replaced since it was made.
+    class Overtaken;
+
     // What the list shows.
     [[nodiscard]] std::size_t rowCount() const override { return view_.size(); }
     [[nodiscard]] std::u16string cellText(std::size_t viewRow, std::size_t column) override;
     void prepareRows(std::size_t first, std::size_t last) override;
     void boundsChanged() override;
     void cellFailed(const automation::Error& error);
-
-    // Filling.
-    struct Fill {
-        RowKind kind;
-        const automation::Object& owner;
-        std::u16string_view collection;
-        bool withProperties;
-    };
-    void fill(const Fill& fill);
-    void enumerate(const automation::Object& collection, std::uint64_t generation, RowStore& incoming) const;
-    void install(std::uint64_t generation, RowStore incoming);
-
-    // Columns, sorting, searching.
+    /// The whole text of a cell, "" when it cannot be read.
+    [[nodiscard]] std::u16string textOf(const automation::Object& object, std::size_t column) const;
+    void placeChildren();
     void showColumns();
     [[nodiscard]] ui::Twips widthOf(std::size_t column) const;
-    void clickedColumn(std::size_t column);
-    void sortRows(std::size_t column, ui::SortOrder order);
-    [[nodiscard]] std::size_t sortedPosition(std::size_t row);
-    void find(const std::u16string& text, std::size_t start, std::optional<std::size_t>& found);
-    [[nodiscard]] std::optional<std::size_t> rowOf(const automation::Object& object);
-    [[nodiscard]] std::u16string textOf(std::size_t row, std::size_t column);
 
-    // Filtering and copying.
+    // Filling and changing rows.
+    void fill(const FillRequest& request);
+    void readProperties(const automation::Object& metaObject, std::uint64_t generation);
+    void enumerate(const automation::Object& collection, std::uint64_t generation, RowStore& incoming) const;
+    void install(std::uint64_t generation, RowStore incoming);
+    void dropRows();
+    void dropColumns();
+    [[nodiscard]] std::optional<std::size_t> selectedRow() const;
+    [[nodiscard]] std::optional<std::size_t> rowOf(const automation::Object& object) const;
+    [[nodiscard]] std::optional<std::size_t> rowWithKeyOf(const automation::Object& object) const;
+    /// The view has changed: shows its rows with that row selected.
+    void showRows(std::optional<std::size_t> selected);
+
+    // Sorting, finding, filtering, copying.
+    void clickedColumn(std::size_t column);
+    [[nodiscard]] SortKey keyOf(const automation::Object& object, std::size_t column) const;
+    [[nodiscard]] std::optional<std::vector<std::uint32_t>> sortedOrder(std::size_t column,
+                                                                        ui::SortOrder order) const;
+    [[nodiscard]] std::size_t sortedPosition(const automation::Object& object) const;
+    void find(const std::u16string& text, std::size_t start, std::optional<std::size_t>& found) const;
+    void filterChanged();
+    [[nodiscard]] bool matches(const automation::Object& object, std::u16string_view folded) const;
+    void copyRows(std::size_t first, std::size_t last);
     void buildMenu();
+    void prepareMenu();
     void keyInList(ui::KeyEvent& event);
     void keyInFilter(ui::KeyEvent& event);
-    void filterChanged();
-    [[nodiscard]] bool matches(std::size_t row, std::u16string_view folded);
-    void copyRows(std::size_t firstViewRow, std::size_t lastViewRow);
-
-    // Showing what changed.
-    void rowsReplaced(std::optional<std::size_t> selectedRow);
-    [[nodiscard]] std::optional<std::size_t> selectedRow() const;
-    void showCounts();
-    void placeChildren();
 
     ui::Desktop& desktop_;
     ui::TextBox* filterBox_;
@@ -159,8 +167,8 @@ class ListView : public ui::Panel, private ui::RowSource {
     std::u16string filter_;  // folded
     std::size_t sortColumn_ = 0;
     ui::SortOrder sortOrder_ = ui::SortOrder::None;
-    /// Counts replacements of rows or columns: what was begun under another number must not go on.
-    std::uint64_t generation_ = 0;
+    std::uint64_t generation_ = 0;   // counts replacements of rows and columns
+    std::uint64_t arrangement_ = 0;  // counts changes of rows, order and filter
     bool cellErrorReported_ = false;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/automation/object.h"

@@ -25,9 +25,9 @@ class RowView {
 
     [[nodiscard]] bool isSorted() const noexcept { return sorted_; }
     [[nodiscard]] bool isFiltered() const noexcept { return filtered_; }
-    /// All rows in their sorted order; ends a filter.
-    void setOrder(std::vector<std::uint32_t> order) noexcept;
-    void clearOrder() noexcept;
+    /// All rows in their sorted order. A filter stays and takes the order on.
+    void setOrder(std::vector<std::uint32_t> order);
+    void clearOrder();
     /// The rows let through, in the order they are to be shown.
     void setMatches(std::vector<std::uint32_t> matches) noexcept;
     void clearFilter() noexcept;
@@ -48,6 +48,8 @@ class RowView {
     }
 
   private:
+    void rearrangeMatches();
+
     std::size_t count_ = 0;
     bool sorted_ = false;
     bool filtered_ = false;

@@ -1,0 +1,88 @@
+#include <utility>
+#include <vector>
+
+#include "platform/automation/calls.h"
+#include "platform/controls/cell_text.h"
+#include "platform/controls/list_view.h"
+
+namespace quorel::controls {
+
+namespace {
+using automation::Object;
+using automation::Value;
+constexpr std::size_t kBatch = 256;
+}  // namespace
+
+void ListView::fillWithMetaNodes(const Object& repository, bool withColumns) {
+    fill({RowKind::MetaNodes, repository, u"MetaNodes", withColumns});
+}
+
+void ListView::fillWithMetaLinks(const Object& repository, bool withColumns) {
+    fill({RowKind::MetaLinks, repository, u"MetaLinks", withColumns});
+}
+
+void ListView::fillWithExtension(const Object& metaNode, bool withColumns) {
+    fill({RowKind::Nodes, metaNode, u"Extension", withColumns});
+}
+
+void ListView::fillWithLinks(const Object& metaLink, bool withColumns) {
+    fill({RowKind::Links, metaLink, u"Extension", withColumns});
+}
+
+void ListView::fill(const FillRequest& request) {
+    const auto alive = keepFormAlive();
+    const ui::WaitPointer wait(desktop_);
+    dropRows();
+    dropColumns();
+    columns_.reset(request.kind);
+    showColumns();
+    const std::uint64_t generation = ++generation_;
+    RowStore incoming;
+    try {
+        const bool areInstances = request.kind == RowKind::Nodes || request.kind == RowKind::Links;
+        if (request.withProperties && areInstances)
+            readProperties(request.owner, generation);
+        enumerate(request.owner.get(request.collection).toObject(), generation, incoming);
+    } catch (...) {
+        install(generation, std::move(incoming));
+        throw;
+    }
+    install(generation, std::move(incoming));
+}
+
+void ListView::readProperties(const Object& metaObject, std::uint64_t generation) {
+    std::vector<std::u16string> names;
+    for (const Object& property : automation::each(metaObject.get(u"Properties").toObject()))
+        names.push_back(valueText(property.get(u"name")));
+    if (generation != generation_)
+        return;
+    for (std::u16string& name : names)
+        columns_.addProperty(std::move(name));
+    showColumns();
+}
+
+void ListView::enumerate(const Object& collection, std::uint64_t generation, RowStore& incoming) const {
+    const std::unique_ptr<automation::Enumerator> source = collection.enumerate();
+    std::vector<Value> batch(kBatch);
+    std::size_t got = kBatch;
+    while (got == kBatch && generation == generation_) {
+        got = source->next(batch);
+        for (std::size_t i = 0; i < got; ++i) {
+            Object* const held = batch[i].getIf<Object>();
+            Object object = held != nullptr ? std::move(*held) : batch[i].toObject();
+            if (object)
+                incoming.push(std::move(object));
+        }
+    }
+}
+
+void ListView::install(std::uint64_t generation, RowStore incoming) {
+    if (generation != generation_)
+        return;
+    rows_ = std::move(incoming);
+    view_.reset(rows_.size());
+    showRows(std::nullopt);
+    onCountChanged.raise();
+}
+
+}  // namespace quorel::controls
