@@ -1,0 +1,50 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/automation/error.h"
+
+namespace quorel::repository::sqlite {
+
+/// One connection to one file.
+class Database {
+  public:
+    enum class Mode : std::uint8_t { OpenExisting, CreateNew };
+
+    /// `file` may be any UTF-16 path; it is named in every error.
+    Database(std::u16string file, Mode mode);
+
+    /// Runs statements that give no rows.
+    void run(const char* sql);
+    /// The first column of the first row of a statement, as an integer; 0 when there is no row.
+    [[nodiscard]] std::int64_t number(const char* sql);
+    /// How long a statement waits for a lock of another connection.
+    void setPatience(int milliseconds) noexcept { sqlite3_busy_timeout(handle_.get(), milliseconds); }
+    [[nodiscard]] bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
+    [[nodiscard]] bool inTransaction() const noexcept { return sqlite3_get_autocommit(handle_.get()) == 0; }
+    [[nodiscard]] std::int64_t lastInserted() const noexcept {
+        return sqlite3_last_insert_rowid(handle_.get());
+    }
+    [[nodiscard]] std::int64_t changed() const noexcept { return sqlite3_changes64(handle_.get()); }
+    [[nodiscard]] int lastCode() const noexcept { return sqlite3_extended_errcode(handle_.get()); }
+
+    [[nodiscard]] const std::u16string& file() const noexcept { return file_; }
+    [[nodiscard]] sqlite3* handle() const noexcept { return handle_.get(); }
+    /// What the last failed call means for the user.
+    [[nodiscard]] automation::Error error(int code) const;
+
+  private:
+    struct Close {
+        void operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
+    };
+
+    std::u16string file_;
+    std::unique_ptr<sqlite3, Close> handle_;
+};
+
+}  // namespace quorel::repository::sqlite
