@@ -61,13 +61,17 @@ class Backend {
     // --------------------------------------------------------------------
     [[nodiscard]] virtual bool seesForm(const ui::Form& form) = 0;
     [[nodiscard]] virtual bool seesControl(const ui::Control& control) = 0;
-    /// The text that the native window holds.
+    /// The text that the native window holds: the control's by `ui::shownText`, marks of access keys and all.
     [[nodiscard]] virtual std::u16string seenText(const ui::Control& control) = 0;
     [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                                   std::size_t column) = 0;
     [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;
     /// Live peers, of all forms.
     [[nodiscard]] virtual std::size_t peerCount() = 0;
+
+    /// Throws when something went wrong where it could not be thrown, e.g. in what `duringModal` was given,
+    /// or when that never came. Called at the end of every test.
+    virtual void verify() = 0;
 };
 
 /// A fresh desktop, with no form of an earlier test left on it.

@@ -103,7 +103,8 @@ std::unique_ptr<ui::Peer> HeadlessDesktop::makePeer(ui::Control& control) {
 }
 
 void HeadlessDesktop::runModal(ui::Form& form) {
-    if (expected_.empty() || expected_.front().isMessage || expected_.front().formName != form.name()) {
+    const Expectation* const next = expected_.empty() ? nullptr : &expected_.front();
+    if (next == nullptr || next->isMessage || (!next->formName.empty() && next->formName != form.name())) {
         fail("unexpected modal form " + quoted(form.name()) + ": " + nextExpected());
         form.hide();
         return;

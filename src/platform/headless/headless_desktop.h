@@ -47,7 +47,8 @@ class HeadlessDesktop final : public ui::Desktop {
     HeadlessDesktop();
     ~HeadlessDesktop() override;
 
-    /// The next window shown modally is the form of that name; `user` acts on it and must hide or unload it.
+    /// The next window shown modally is the form of that name (any, if it is empty); `user` acts on it and
+    /// must hide or unload it.
     void expectModal(std::u16string_view formName, std::function<void(ui::Form&)> user);
     /// The next message box; `look` (may be empty) reads it, then it gets `answer`.
     void expectMessage(std::function<void(const ui::Message&)> look,

@@ -1,0 +1,67 @@
+#include "platform/headless/user.h"
+#include "platform/ui/shown_text.h"
+#include "tests/conformance/backend.h"
+
+namespace quorel::conformance {
+
+namespace {
+
+class HeadlessBackend final : public Backend {
+  public:
+    [[nodiscard]] ui::Desktop& desktop() override { return desktop_; }
+    void settle() override { desktop_.runPosted(); }
+    void duringModal(std::function<void(ui::Form&)> actions) override {
+        desktop_.expectModal(u"", std::move(actions));
+    }
+
+    void click(ui::Control& control) override { user_.click(control); }
+    void enterText(ui::TextBox& box, std::u16string_view text) override { user_.enterText(box, text); }
+    void press(ui::Form& form, ui::KeyChord chord) override { user_.press(form, chord); }
+    void clickRow(ui::VirtualList& list, std::size_t row) override { user_.selectRow(list, row); }
+    void doubleClickRow(ui::VirtualList& list, std::size_t row) override { user_.doubleClickRow(list, row); }
+    void clickBelowRows(ui::VirtualList& list) override { user_.clickBelowRows(list); }
+    void clickColumn(ui::VirtualList& list, std::size_t column) override { user_.clickColumn(list, column); }
+    void typeToFind(ui::VirtualList& list, std::u16string_view text) override {
+        user_.type(*list.form(), text);
+    }
+    void chooseMenu(ui::Form& form, std::u16string_view entry) override { user_.chooseMenu(form, entry); }
+    void chooseContextMenu(ui::Control& control, std::u16string_view entry) override {
+        user_.chooseContextMenu(control, entry);
+    }
+    void closeBox(ui::Form& form) override { user_.closeBox(form); }
+    void resize(ui::Form& form, ui::Size clientSize) override { user_.resize(form, clientSize); }
+    void dragSplitter(ui::Splitter& splitter, ui::Twips position) override {
+        user_.dragSplitter(splitter, position);
+    }
+
+    [[nodiscard]] bool seesForm(const ui::Form& form) override {
+        return form.peer() != nullptr && form.isShown();
+    }
+    [[nodiscard]] bool seesControl(const ui::Control& control) override {
+        return control.peer() != nullptr && control.isShown();
+    }
+    [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
+        return control.peer() != nullptr ? ui::shownText(control.text()) : std::u16string();
+    }
+    [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
+                                          std::size_t column) override {
+        return ui::shownText(list.cellText(row, column));
+    }
+    [[nodiscard]] std::size_t seenRowCount(ui::VirtualList& list) override {
+        return list.peer() != nullptr ? list.rowCount() : 0;
+    }
+    [[nodiscard]] std::size_t peerCount() override { return desktop_.livePeers(); }
+    void verify() override { desktop_.verify(); }
+
+  private:
+    headless::HeadlessDesktop desktop_;
+    headless::User user_{desktop_};
+};
+
+}  // namespace
+
+std::unique_ptr<Backend> makeBackend() {
+    return std::make_unique<HeadlessBackend>();
+}
+
+}  // namespace quorel::conformance
