@@ -14,6 +14,19 @@ MemberId Member::idFor(const Object& object) const {
     return id;
 }
 
+bool answersTo(const Object& object, std::u16string_view name) {
+    if (!object)
+        return false;
+    try {
+        static_cast<void>(object.resolve(name));
+        return true;
+    } catch (const Error& error) {
+        if (error.number() == error_number::kMemberNotSupported)
+            return false;
+        throw;
+    }
+}
+
 void Each::Iterator::advance() {
     if (!owner_->next(current_))
         owner_ = nullptr;

@@ -66,6 +66,9 @@ Value Object::item(Args&&... arguments) const {
     return detail::invokeWith(*this, MemberId::Default, InvokeKind::Call, std::forward<Args>(arguments)...);
 }
 
+/// True if the object has a member of that name; false for an empty reference. Calls nothing.
+[[nodiscard]] bool answersTo(const Object& object, std::u16string_view name);
+
 /// `for (const Object& node : each(extension))`. An element that is no object is error 13; a null element is
 /// passed on.
 class Each {

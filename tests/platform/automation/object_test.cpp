@@ -104,6 +104,14 @@ TEST(Object, ReferencesTakenWhileTheObjectEndsDoNotEndItTwice) {
     EXPECT_EQ(ends, 1);
 }
 
+TEST(Object, AnswersToTheNamesItHas) {
+    const Object object = make<SampleDouble>();
+    EXPECT_TRUE(answersTo(object, u"label"));
+    EXPECT_TRUE(answersTo(object, u"Colour"));
+    EXPECT_FALSE(answersTo(object, u"Nonsense"));
+    EXPECT_FALSE(answersTo(Object(), u"label"));
+}
+
 TEST(Member, KeepsItsIdForObjectsOfOneType) {
     const Member label(u"Label");
     const Object a = make<SampleDouble>();
