@@ -1,20 +1,9 @@
 #include "frame/component_registration.h"
 
+#include "frame/attempt.h"
 #include "platform/automation/calls.h"
 
 namespace quorel::frame {
-
-namespace {
-
-template <class Step>
-void attempt(Step&& step) noexcept {
-    try {
-        step();
-    } catch (...) {  // the next step is due all the same
-    }
-}
-
-}  // namespace
 
 void ComponentRegistration::endRegistration() const noexcept {
     // The component may be destroyed on the way, and this with it.
