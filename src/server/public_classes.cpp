@@ -1,0 +1,20 @@
+#include "server/public_classes.h"
+
+#include "dialogs/name_edit.h"
+#include "frame/uuid_generator.h"
+#include "sixpane/six_pane.h"
+
+namespace quorel::server {
+
+void registerPublicClasses(const frame::Environment& environment) {
+    using automation::make;
+    using automation::Object;
+    environment.classes.add(u"QuorelUtility.UUIDGenerator",
+                            [environment] { return Object(make<frame::UUIDGenerator>(environment.clock)); });
+    environment.classes.add(u"QuorelUtility.NameEdit",
+                            [environment] { return Object(make<dialogs::NameEdit>(environment)); });
+    environment.classes.add(u"QuorelUtility.SixPane",
+                            [environment] { return Object(make<sixpane::SixPane>(environment)); });
+}
+
+}  // namespace quorel::server
