@@ -1,0 +1,26 @@
+#include "platform/win32/ui/drawing_tools.h"
+
+#include "platform/win32/ui/native_scope.h"
+
+namespace quorel::win32 {
+
+HFONT DrawingTools::font(std::int32_t dpi) {
+    const LOGFONTW wanted = messageFont(dpi);
+    const std::string key(reinterpret_cast<const char*>(&wanted), sizeof(wanted));
+    const std::lock_guard lock(mutex_);
+    CountedFont& font = fonts_[key];
+    if (!font)
+        font = counted<CountedFont>(::CreateFontIndirectW(&wanted), Counted::GdiObject);
+    return font.get();
+}
+
+HBRUSH DrawingTools::brush(ui::Colour colour) {
+    const COLORREF wanted = toColorRef(colour);
+    const std::lock_guard lock(mutex_);
+    CountedBrush& brush = brushes_[wanted];
+    if (!brush)
+        brush = counted<CountedBrush>(::CreateSolidBrush(wanted), Counted::GdiObject);
+    return brush.get();
+}
+
+}  // namespace quorel::win32

@@ -1,0 +1,208 @@
+#include "platform/win32/ui/list_window.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "platform/win32/text.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32 {
+
+namespace {
+
+constexpr int kMostCellUnits = 259;
+constexpr std::size_t kMostTitleUnits = 259;
+
+/// Stops painting while the content is exchanged.
+class RedrawPause {
+  public:
+    explicit RedrawPause(HWND window) noexcept
+        : window_(window), visible_(::IsWindowVisible(window) != FALSE) {
+        if (visible_)
+            ::SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    }
+    ~RedrawPause() {
+        if (visible_)
+            ::SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+  private:
+    HWND window_;
+    bool visible_;
+};
+
+/// Sets a flag for as long as it lives.
+class Flagged {
+  public:
+    explicit Flagged(bool& flag) noexcept : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Flagged() { flag_ = before_; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+[[nodiscard]] int formatOf(ui::Alignment alignment) noexcept {
+    switch (alignment) {
+        case ui::Alignment::Right:
+            return LVCFMT_RIGHT;
+        case ui::Alignment::Centre:
+            return LVCFMT_CENTER;
+        case ui::Alignment::Left:
+            break;
+    }
+    return LVCFMT_LEFT;
+}
+
+[[nodiscard]] int arrowOf(ui::SortOrder order) noexcept {
+    switch (order) {
+        case ui::SortOrder::Ascending:
+            return HDF_SORTUP;
+        case ui::SortOrder::Descending:
+            return HDF_SORTDOWN;
+        case ui::SortOrder::None:
+            break;
+    }
+    return 0;
+}
+
+}  // namespace
+
+NativeWindow::Description ListWindow::describe() {
+    return {u"SysListView32",
+            WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
+                LVS_SHOWSELALWAYS | LVS_SINGLESEL,
+            WS_EX_CLIENTEDGE};
+}
+
+void ListWindow::opened() {
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+    ::SetWindowTheme(handle(), L"Explorer", nullptr);
+}
+
+HWND ListWindow::header() const noexcept {
+    return reinterpret_cast<HWND>(::SendMessageW(handle(), LVM_GETHEADER, 0, 0));
+}
+
+std::optional<std::size_t> ListWindow::nativeSelection() const noexcept {
+    const LRESULT row = ::SendMessageW(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+}
+
+void ListWindow::mirror(ui::Change changes) {
+    const Flagged mirroring(mirroring_);
+    NativeWindow::mirror(changes & static_cast<ui::Change>(~static_cast<std::uint32_t>(ui::Change::Text)));
+    if (has(changes, ui::Change::Colours))
+        mirrorColours();
+    if (has(changes, ui::Change::Columns | ui::Change::Items)) {
+        const RedrawPause pause(handle());
+        if (has(changes, ui::Change::Columns))
+            mirrorColumns();
+        if (has(changes, ui::Change::Items))
+            mirrorRows();
+    }
+    if (has(changes, ui::Change::Selection | ui::Change::Items))
+        mirrorSelection();
+    if (has(changes, ui::Change::ScrollTo))
+        scrollToSelection();
+    if (has(changes, ui::Change::Columns | ui::Change::Items))
+        ::InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void ListWindow::mirrorColumns() {
+    const auto wanted = static_cast<int>(list().columns().size());
+    for (; columns_ > wanted; --columns_)
+        send(LVM_DELETECOLUMN, static_cast<WPARAM>(columns_ - 1));
+    for (; columns_ < wanted; ++columns_) {
+        LVCOLUMNW column{};
+        column.mask = LVCF_WIDTH | LVCF_SUBITEM;
+        column.iSubItem = columns_;
+        send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(columns_), reinterpret_cast<LPARAM>(&column));
+    }
+    for (std::size_t i = 0; i < list().columns().size(); ++i)
+        mirrorColumn(i);
+}
+
+void ListWindow::mirrorColumn(std::size_t index) const {
+    const ui::Column& wanted = list().columns()[index];
+    std::u16string title = shownLine(wanted.title, kMostTitleUnits);
+    LVCOLUMNW column{};
+    column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT;
+    column.fmt = formatOf(wanted.alignment);
+    column.cx = toPixels(wanted.width, dpi());
+    column.pszText = wideBuffer(title);
+    send(LVM_SETCOLUMNW, index, reinterpret_cast<LPARAM>(&column));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    ::SendMessageW(header(), HDM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
+    item.fmt = (item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN)) | arrowOf(wanted.sort);
+    ::SendMessageW(header(), HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
+}
+
+void ListWindow::mirrorRows() {
+    const auto rows = static_cast<WPARAM>(std::min(list().rowCount(), ui::VirtualList::kMostRows));
+    const bool sameCount = static_cast<WPARAM>(send(LVM_GETITEMCOUNT)) == rows;
+    send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
+    if (!sameCount && !list().selectedRow() && rows > 0)
+        send(LVM_ENSUREVISIBLE, 0, FALSE);
+}
+
+void ListWindow::mirrorSelection() const {
+    const std::optional<std::size_t> wanted = list().selectedRow();
+    if (wanted == nativeSelection())
+        return;
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+    if (!wanted)
+        return;
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, *wanted, reinterpret_cast<LPARAM>(&item));
+    send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*wanted));
+}
+
+void ListWindow::scrollToSelection() const {
+    if (const std::optional<std::size_t> row = list().selectedRow())
+        send(LVM_ENSUREVISIBLE, *row, FALSE);
+}
+
+ui::Colour ListWindow::ground() const noexcept {
+    return list().background().value_or(toColour(::GetSysColor(COLOR_WINDOW)));
+}
+
+void ListWindow::mirrorColours() const {
+    const COLORREF back = toColorRef(ground());
+    send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(back));
+    send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(back));
+    send(LVM_SETTEXTCOLOR, 0,
+         static_cast<LPARAM>(list().background() ? readableOn(ground()) : ::GetSysColor(COLOR_WINDOWTEXT)));
+}
+
+void ListWindow::rescaled() {
+    NativeWindow::rescaled();
+    if (control() == nullptr)
+        return;
+    const Flagged mirroring(mirroring_);
+    mirrorColumns();
+}
+
+LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_NOTIFY && control() != nullptr) {
+        const auto& notice = *reinterpret_cast<const NMHDR*>(l);
+        if (notice.hwndFrom == header())
+            headerNotified(reinterpret_cast<const NMHEADERW&>(notice));
+    }
+    ++serving_;
+    const LRESULT result = NativeWindow::serve(message, w, l);
+    if (--serving_ == 0)
+        report();
+    return result;
+}
+
+}  // namespace quorel::win32

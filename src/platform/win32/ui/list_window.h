@@ -1,0 +1,62 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/ui/virtual_list.h"
+#include "platform/win32/ui/native_window.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32 {
+
+/// The system's list in report mode, which owns no rows: it asks for the cells it paints. What it reports is
+/// noted and passed on when it has done with the message, so that a handler may fill, empty or destroy it.
+class ListWindow : public NativeWindow {
+  public:
+    ListWindow(std::shared_ptr<Frame> frame, ui::VirtualList& list) : NativeWindow(std::move(frame), list) {}
+    [[nodiscard]] std::optional<LRESULT> notified(NMHDR& header) override;
+    void rescaled() override;
+
+  private:
+    /// What the list has reported while it served a message.
+    struct Noted {
+        bool selection = false;
+        bool click = false;
+        bool activation = false;
+        std::optional<std::size_t> columnClick;
+        std::optional<std::size_t> columnResize;
+    };
+
+    [[nodiscard]] Description describe() override;
+    void opened() override;
+    void mirror(ui::Change changes) override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
+    [[nodiscard]] POINT contextPoint() const override;
+
+    void mirrorColumns();
+    void mirrorColumn(std::size_t index) const;
+    void mirrorRows();
+    void mirrorSelection() const;
+    void scrollToSelection() const;
+    void mirrorColours() const;
+    [[nodiscard]] ui::Colour ground() const noexcept;
+
+    void headerNotified(const NMHEADERW& header);
+    void noteSelection(const NMLISTVIEW& change);
+    void tellCell(LVITEMW& item) const;
+    void tellNextRows(const NMLVCACHEHINT& hint) const;
+    [[nodiscard]] LRESULT colourRow(NMLVCUSTOMDRAW& drawing) const;
+    [[nodiscard]] LRESULT find(const NMLVFINDITEMW& wanted) const;
+    void report();
+
+    [[nodiscard]] HWND header() const noexcept;
+    [[nodiscard]] std::optional<std::size_t> nativeSelection() const noexcept;
+    [[nodiscard]] ui::VirtualList& list() const noexcept { return static_cast<ui::VirtualList&>(*control()); }
+
+    Noted noted_;
+    int serving_ = 0;
+    bool mirroring_ = false;
+    bool tracking_ = false;
+    int columns_ = 0;
+};
+
+}  // namespace quorel::win32

@@ -1,0 +1,148 @@
+// What the system's list asks and tells.
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "platform/win32/text.h"
+#include "platform/win32/ui/list_window.h"
+#include "platform/win32/ui/native_text.h"
+
+namespace quorel::win32 {
+
+std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
+    switch (header.code) {
+        case LVN_GETDISPINFOW:
+            tellCell(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+            return 0;
+        case LVN_ODCACHEHINT:
+            tellNextRows(reinterpret_cast<const NMLVCACHEHINT&>(header));
+            return 0;
+        case LVN_ODFINDITEMW:
+            return find(reinterpret_cast<const NMLVFINDITEMW&>(header));
+        case LVN_ITEMCHANGED:
+            noteSelection(reinterpret_cast<const NMLISTVIEW&>(header));
+            return 0;
+        case LVN_ODSTATECHANGED:
+            noted_.selection = noted_.selection || !mirroring_;
+            return 0;
+        case NM_CLICK:
+            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0;
+            return 0;
+        case LVN_ITEMACTIVATE:
+            noted_.activation = true;
+            return 0;
+        case NM_CUSTOMDRAW:
+            return colourRow(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+        case LVN_COLUMNCLICK:
+            noted_.columnClick =
+                static_cast<std::size_t>(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+void ListWindow::tellCell(LVITEMW& item) const {
+    if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
+        return;
+    std::u16string text;
+    if (item.iItem >= 0 && item.iSubItem >= 0)
+        text = list().cellText(static_cast<std::size_t>(item.iItem), static_cast<std::size_t>(item.iSubItem));
+    const std::u16string shown = shownLine(text, static_cast<std::size_t>(item.cchTextMax) - 1);
+    std::memcpy(item.pszText, shown.c_str(), (shown.size() + 1) * sizeof(char16_t));
+}
+
+void ListWindow::tellNextRows(const NMLVCACHEHINT& hint) const {
+    const std::size_t rows = list().rowCount();
+    if (rows == 0 || hint.iFrom < 0 || hint.iTo < hint.iFrom)
+        return;
+    const std::size_t last = std::min(static_cast<std::size_t>(hint.iTo), rows - 1);
+    list().prepareRows(static_cast<std::size_t>(hint.iFrom), last);
+}
+
+/// The selected row of a list without the focus: the system's colour for it can hardly be told from a
+/// coloured ground, so it is a shade between the ground and the system's highlight.
+LRESULT ListWindow::colourRow(NMLVCUSTOMDRAW& drawing) const {
+    if (::GetFocus() == handle())
+        return CDRF_DODEFAULT;
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return CDRF_NOTIFYITEMDRAW;
+    const auto row = static_cast<std::size_t>(drawing.nmcd.dwItemSpec);
+    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || list().selectedRow() != row)
+        return CDRF_DODEFAULT;
+    const ui::Colour shade = between(ground(), toColour(::GetSysColor(COLOR_HIGHLIGHT)));
+    drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    drawing.clrTextBk = toColorRef(shade);
+    drawing.clrText = readableOn(shade);
+    return CDRF_DODEFAULT;
+}
+
+LRESULT ListWindow::find(const NMLVFINDITEMW& wanted) const {
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr)
+        return -1;
+    const std::u16string text(narrowView(wanted.lvfi.psz));
+    const std::size_t start = wanted.iStart > 0 ? static_cast<std::size_t>(wanted.iStart) : 0;
+    const std::optional<std::size_t> found = list().userFinds(text, start);
+    return found ? static_cast<LRESULT>(*found) : -1;
+}
+
+void ListWindow::noteSelection(const NMLISTVIEW& change) {
+    const bool selected = ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0;
+    if (selected && !mirroring_)
+        noted_.selection = true;
+}
+
+void ListWindow::headerNotified(const NMHEADERW& notice) {
+    const auto column = static_cast<std::size_t>(notice.iItem);
+    switch (notice.hdr.code) {
+        case HDN_BEGINTRACKW:
+            tracking_ = true;
+            break;
+        case HDN_ENDTRACKW:
+            tracking_ = false;
+            noted_.columnResize = column;
+            break;
+        case HDN_ITEMCHANGEDW:
+            if (!tracking_ && !mirroring_ && notice.pitem != nullptr && (notice.pitem->mask & HDI_WIDTH) != 0)
+                noted_.columnResize = column;
+            break;
+        default:
+            break;
+    }
+}
+
+/// Each step may destroy the control, so each asks anew whether it is still there.
+void ListWindow::report() {
+    const Noted noted = std::exchange(noted_, {});
+    const ui::Control* const before = control();
+    const auto alive = [&] { return control() != nullptr && control() == before; };
+    if (alive() && noted.columnResize) {
+        const auto width = static_cast<std::int32_t>(send(LVM_GETCOLUMNWIDTH, *noted.columnResize));
+        const auto& columns = list().columns();
+        if (*noted.columnResize < columns.size() &&
+            toPixels(columns[*noted.columnResize].width, dpi()) != width)
+            list().userResizedColumn(*noted.columnResize, ui::toTwips(width, dpi()));
+    }
+    if (alive() && noted.columnClick)
+        list().userClickedColumn(*noted.columnClick);
+    if (alive() && (noted.selection || noted.click)) {
+        const std::optional<std::size_t> row = nativeSelection();
+        if (row != list().selectedRow() || (noted.click && row))
+            list().userSelected(row);
+    }
+    if (alive() && noted.activation)
+        list().userActivated();
+}
+
+POINT ListWindow::contextPoint() const {
+    RECT row{};
+    row.left = LVIR_LABEL;
+    const std::optional<std::size_t> selected = nativeSelection();
+    if (selected &&
+        ::SendMessageW(handle(), LVM_GETITEMRECT, *selected, reinterpret_cast<LPARAM>(&row)) != FALSE)
+        return {row.left + 8, row.bottom};
+    return NativeWindow::contextPoint();
+}
+
+}  // namespace quorel::win32

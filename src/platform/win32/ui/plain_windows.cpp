@@ -1,0 +1,151 @@
+#include "platform/win32/ui/plain_windows.h"
+
+#include "platform/ui/form.h"
+#include "platform/win32/text.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32 {
+
+namespace {
+
+constexpr DWORD kChild = WS_CHILD | WS_CLIPSIBLINGS;
+constexpr std::size_t kMostPanelUnits = 1000;
+
+void fill(HDC dc, const RECT& area, Services& services, std::optional<ui::Colour> colour) {
+    ::FillRect(dc, &area, colour ? services.tools.brush(*colour) : ::GetSysColorBrush(COLOR_BTNFACE));
+}
+
+}  // namespace
+
+NativeWindow::Description PanelWindow::describe() {
+    return {services().classes.ensure(u"QuorelPanel"), kChild | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+}
+
+void PanelWindow::mirror(ui::Change changes) {
+    NativeWindow::mirror(changes);
+    if (has(changes, ui::Change::Colours))
+        ::RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+LRESULT PanelWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (message != WM_ERASEBKGND || control() == nullptr)
+        return NativeWindow::serve(message, w, l);
+    RECT client{};
+    ::GetClientRect(handle(), &client);
+    fill(reinterpret_cast<HDC>(w), client, services(), background());
+    return 1;
+}
+
+/// With notifications, so that the mouse finds it and its tool tip shows.
+NativeWindow::Description LabelWindow::describe() {
+    return {u"STATIC", kChild | SS_LEFT | SS_NOTIFY};
+}
+
+NativeWindow::Description PictureWindow::describe() {
+    return {services().classes.ensure(u"QuorelPicture"), kChild | (control()->isTabStop() ? WS_TABSTOP : 0U)};
+}
+
+void PictureWindow::mirror(ui::Change changes) {
+    NativeWindow::mirror(changes);
+    if (!has(changes, ui::Change::Items))
+        return;
+    const ui::Picture* const picture = box().picture().get();
+    bitmap_ = picture != nullptr ? makeBitmap(*picture) : CountedBitmap();
+    size_ = bitmap_ ? SIZE{picture->width, picture->height} : SIZE{};
+    ::InvalidateRect(handle(), nullptr, FALSE);
+}
+
+LRESULT PictureWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (control() == nullptr)
+        return NativeWindow::serve(message, w, l);
+    switch (message) {
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            paint();
+            return 0;
+        case WM_LBUTTONDOWN:
+            pressed_ = true;
+            if (control()->isTabStop())
+                ::SetFocus(handle());
+            return 0;
+        case WM_LBUTTONUP:
+            if (std::exchange(pressed_, false))
+                box().userClicked();
+            return 0;
+        case WM_KEYUP:
+            if (w == VK_SPACE)
+                box().userClicked();
+            return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            ::InvalidateRect(handle(), nullptr, FALSE);
+            return NativeWindow::serve(message, w, l);
+        default:
+            return NativeWindow::serve(message, w, l);
+    }
+}
+
+void PictureWindow::paint() const {
+    PaintScope paint(handle());
+    RECT client{};
+    ::GetClientRect(handle(), &client);
+    const OffScreen off(paint.dc(), client);
+    paintOn(off.dc(), client);
+}
+
+void PictureWindow::paintOn(HDC dc, const RECT& client) const {
+    fill(dc, client, services(), background());
+    if (bitmap_)
+        blend(dc, bitmap_.get(), size_, {(client.right - size_.cx) / 2, (client.bottom - size_.cy) / 2});
+    if (::GetFocus() == handle())
+        ::DrawFocusRect(dc, &client);
+}
+
+NativeWindow::Description StatusWindow::describe() {
+    const ui::Form* const form = control()->form();
+    const DWORD grip = form != nullptr && form->isResizable() ? SBARS_SIZEGRIP : 0U;
+    return {u"msctls_statusbar32", kChild | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER | grip};
+}
+
+void StatusWindow::mirror(ui::Change changes) {
+    if (has(changes, ui::Change::Items)) {
+        mirrorParts();
+        shown_.clear();
+        changes |= ui::Change::Text;
+    }
+    NativeWindow::mirror(changes);
+}
+
+void StatusWindow::mirrorParts() {
+    std::vector<INT> edges;
+    ui::Twips right;
+    for (const ui::StatusBar::PanelState& panel : bar().panels())
+        edges.push_back(toPixels(right += panel.width, dpi()));
+    if (edges.empty())
+        edges.push_back(-1);
+    edges.back() = -1;
+    send(SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
+/// Only what has changed, for a counter in one panel must not make the others flicker.
+void StatusWindow::mirrorText() {
+    const auto& panels = bar().panels();
+    shown_.resize(panels.size());
+    for (std::size_t i = 0; i < panels.size(); ++i) {
+        std::u16string text = shownLine(panels[i].text, kMostPanelUnits);
+        if (shown_[i] == text)
+            continue;
+        send(SB_SETTEXTW, i, reinterpret_cast<LPARAM>(wide(text)));
+        shown_[i] = std::move(text);
+    }
+}
+
+void StatusWindow::rescaled() {
+    NativeWindow::rescaled();
+    if (control() != nullptr)
+        mirrorParts();
+}
+
+}  // namespace quorel::win32

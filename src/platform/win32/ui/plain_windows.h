@@ -1,0 +1,63 @@
+#pragma once
+
+// The windows of the controls that only show: panel, label, picture box, status bar.
+
+#include "platform/ui/plain_controls.h"
+#include "platform/win32/ui/native_window.h"
+#include "platform/win32/ui/pictures.h"
+
+namespace quorel::win32 {
+
+/// A child that fills its background and holds other windows.
+class PanelWindow : public NativeWindow {
+  public:
+    PanelWindow(std::shared_ptr<Frame> frame, ui::Panel& panel) : NativeWindow(std::move(frame), panel) {}
+
+  private:
+    [[nodiscard]] Description describe() override;
+    void mirror(ui::Change changes) override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
+};
+
+class LabelWindow : public NativeWindow {
+  public:
+    LabelWindow(std::shared_ptr<Frame> frame, ui::Label& label) : NativeWindow(std::move(frame), label) {}
+
+  private:
+    [[nodiscard]] Description describe() override;
+};
+
+/// Paints its picture in the middle, in natural size, over its background.
+class PictureWindow : public NativeWindow {
+  public:
+    PictureWindow(std::shared_ptr<Frame> frame, ui::PictureBox& box) : NativeWindow(std::move(frame), box) {}
+
+  private:
+    [[nodiscard]] Description describe() override;
+    void mirror(ui::Change changes) override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
+    void paint() const;
+    void paintOn(HDC dc, const RECT& client) const;
+    [[nodiscard]] ui::PictureBox& box() const noexcept { return static_cast<ui::PictureBox&>(*control()); }
+
+    CountedBitmap bitmap_;
+    SIZE size_{};
+    bool pressed_ = false;
+};
+
+class StatusWindow : public NativeWindow {
+  public:
+    StatusWindow(std::shared_ptr<Frame> frame, ui::StatusBar& bar) : NativeWindow(std::move(frame), bar) {}
+    void rescaled() override;
+
+  private:
+    [[nodiscard]] Description describe() override;
+    void mirror(ui::Change changes) override;
+    void mirrorText() override;
+    void mirrorParts();
+    [[nodiscard]] ui::StatusBar& bar() const noexcept { return static_cast<ui::StatusBar&>(*control()); }
+
+    std::vector<std::optional<std::u16string>> shown_;
+};
+
+}  // namespace quorel::win32

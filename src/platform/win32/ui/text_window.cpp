@@ -1,0 +1,94 @@
+
+#include "platform/win32/text.h"
+#include "platform/win32/ui/input_windows.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32 {
+
+namespace {
+constexpr WPARAM kNoTextLimit = 0x7FFFFFFE;
+}
+
+NativeWindow::Description TextWindow::describe() {
+    DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_LEFT;
+    style |=
+        box().isMultiLine() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL : ES_AUTOHSCROLL;
+    return {u"EDIT", style, WS_EX_CLIENTEDGE};
+}
+
+void TextWindow::opened() {
+    send(EM_SETLIMITTEXT, kNoTextLimit);
+}
+
+void TextWindow::mirror(ui::Change changes) {
+    NativeWindow::mirror(changes);
+    if (has(changes, ui::Change::Style)) {
+        send(EM_SETREADONLY, box().isReadOnly());
+        if (!box().isMultiLine()) {
+            const std::u16string cue = shownText(box().cueText());
+            send(EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(wide(cue)));
+        }
+    }
+    if (has(changes, ui::Change::Selection) && box().isAllSelected())
+        send(EM_SETSEL, 0, -1);
+}
+
+/// Leaves the caret alone when the window shows the text already.
+void TextWindow::mirrorText() {
+    const std::u16string wanted = shownText(box().text());
+    if (wanted == nativeText())
+        return;
+    settingText_ = true;
+    setNativeText(wanted);
+    settingText_ = false;
+    if (box().isAllSelected())
+        send(EM_SETSEL, 0, -1);
+}
+
+std::u16string TextWindow::nativeText() const {
+    std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(handle())) + 1, u'\0');
+    const int length = ::GetWindowTextW(handle(), wideBuffer(text), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void TextWindow::commanded(WORD code) {
+    if (code == EN_CHANGE && !settingText_)
+        box().userTyped(editedText(box().text(), nativeText()));
+}
+
+/// Comes by key or by program: as in dialogs, what one types replaces a box of one line.
+void TextWindow::takeFocus() {
+    const bool selects = control() != nullptr && !box().isMultiLine() && ::GetFocus() != handle();
+    NativeWindow::takeFocus();
+    if (selects && ::GetFocus() == handle() && handle() != nullptr)
+        send(EM_SETSEL, 0, -1);
+}
+
+LRESULT TextWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    constexpr WPARAM kSelectAll = 1;  // Ctrl+A as a character
+    if (message == WM_CHAR && w == kSelectAll && control() != nullptr) {
+        send(EM_SETSEL, 0, -1);
+        return 0;
+    }
+    return NativeWindow::serve(message, w, l);
+}
+
+/// A box of one line beeps at these.
+bool TextWindow::dropsKey(ui::KeyChord chord) const {
+    if (chord.key == ui::Key::Tab)
+        return chord.modifiers != ui::Modifiers::Control || !box().isMultiLine();
+    return !box().isMultiLine() && (chord.key == ui::Key::Enter || chord.key == ui::Key::Escape);
+}
+
+HBRUSH TextWindow::colours(HDC dc) {
+    const bool plain = ::IsWindowEnabled(handle()) != FALSE && !box().isReadOnly();
+    if (box().background() || !plain)
+        return NativeWindow::colours(dc);
+    ::SetBkColor(dc, ::GetSysColor(COLOR_WINDOW));
+    ::SetTextColor(dc, ::GetSysColor(COLOR_WINDOWTEXT));
+    return ::GetSysColorBrush(COLOR_WINDOW);
+}
+
+}  // namespace quorel::win32

@@ -1,0 +1,130 @@
+#include "platform/win32/ui/windows_desktop.h"
+
+#include <algorithm>
+
+#include "platform/ui/form.h"
+#include "platform/win32/text.h"
+#include "platform/win32/ui/clipboard.h"
+#include "platform/win32/ui/form_window.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/peer_factory.h"
+#include "platform/win32/ui/pictures.h"
+
+namespace quorel::win32 {
+
+namespace {
+
+constexpr std::size_t kMostMessageUnits = 4000;
+
+[[nodiscard]] HWND messageOwner(const ui::Form* owner) noexcept {
+    const HWND window = owner != nullptr && owner->isVisible() ? handleOf(*owner) : nullptr;
+    return window != nullptr ? window : ::GetActiveWindow();
+}
+
+/// Lets the window under the mouse choose the pointer again.
+void refreshPointer() noexcept {
+    POINT mouse{};
+    if (::GetCursorPos(&mouse) == FALSE)
+        return;
+    const HWND under = ::WindowFromPoint(mouse);
+    if (NativeWindow::of(under) != nullptr)
+        ::SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
+                       MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    else
+        ::SetCursor(::LoadCursorW(nullptr, IDC_ARROW));
+}
+
+[[nodiscard]] ui::MessageAnswer answerOf(int button) noexcept {
+    switch (button) {
+        case IDCANCEL:
+            return ui::MessageAnswer::Cancel;
+        case IDYES:
+            return ui::MessageAnswer::Yes;
+        case IDNO:
+            return ui::MessageAnswer::No;
+        default:
+            return ui::MessageAnswer::Ok;
+    }
+}
+
+}  // namespace
+
+WindowsDesktop::WindowsDesktop(HINSTANCE module) : services_(std::make_shared<Services>(module)) {}
+
+WindowsDesktop::~WindowsDesktop() {
+    const std::lock_guard lock(services_->mutex);
+    for (const auto& [id, thread] : services_->threads)
+        thread->close();
+}
+
+std::unique_ptr<ui::Peer> WindowsDesktop::makePeer(ui::Control& control) {
+    return makeControlPeer(services_, control);
+}
+
+void WindowsDesktop::runModal(ui::Form& form) {
+    const auto alive = form.weak_from_this().lock();
+    if (auto* const window = dynamic_cast<FormWindow*>(windowOf(form)))
+        window->runModal();
+}
+
+void WindowsDesktop::post(std::function<void()> task) {
+    services_->thread()->post(std::move(task));
+}
+
+ui::MessageAnswer WindowsDesktop::showMessage(const ui::Message& message, ui::Form* owner) {
+    const auto services = services_;
+    const NativeScope scope(services->controls);
+    const HWND window = messageOwner(owner);
+    std::u16string text = shownText(message.text.substr(0, kMostMessageUnits));
+    if (text.size() < message.text.size())
+        text += u'\u2026';
+    const std::u16string title = shownLine(message.title, kMostMessageUnits);
+    const auto style = static_cast<UINT>(message.style) & (MB_TYPEMASK | MB_ICONMASK | MB_DEFMASK);
+    const ModalLock lock(window);
+    return answerOf(::MessageBoxW(window, wide(text), wide(title), style | MB_TASKMODAL | MB_SETFOREGROUND));
+}
+
+std::u16string WindowsDesktop::clipboardText() {
+    return readClipboard();
+}
+
+void WindowsDesktop::setClipboardText(std::u16string_view text) {
+    writeClipboard(text);
+}
+
+void WindowsDesktop::setPointer(ui::Pointer pointer) {
+    services_->pointer = pointer;
+    if (pointer == ui::Pointer::Wait)
+        ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+    else
+        refreshPointer();
+}
+
+ui::Rect WindowsDesktop::workArea() {
+    const NativeScope scope(services_->controls);
+    RECT area{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    const std::int32_t dpi = primaryDpi();
+    const ui::Twips left = ui::toTwips(area.left, dpi);
+    const ui::Twips top = ui::toTwips(area.top, dpi);
+    return {left, top, ui::toTwips(area.right, dpi) - left, ui::toTwips(area.bottom, dpi) - top};
+}
+
+ui::Size WindowsDesktop::textSize(std::u16string_view line) {
+    const NativeScope scope(services_->controls);
+    const std::int32_t dpi = primaryDpi();
+    const MemoryDc dc(::CreateCompatibleDC(nullptr));
+    const SelectScope font(dc.get(), services_->tools.font(dpi));
+    const std::u16string shown = shownText(line);
+    SIZE size{};
+    ::GetTextExtentPoint32W(dc.get(), wide(shown), static_cast<int>(shown.size()), &size);
+    return {ui::toTwips(size.cx, dpi), ui::toTwips(size.cy, dpi)};
+}
+
+bool WindowsDesktop::isIdle() const {
+    const std::lock_guard lock(services_->mutex);
+    return std::none_of(services_->threads.begin(), services_->threads.end(),
+                        [](const auto& entry) { return entry.second->hasTasks(); });
+}
+
+}  // namespace quorel::win32

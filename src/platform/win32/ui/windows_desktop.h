@@ -1,0 +1,45 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/ui/desktop.h"
+
+namespace quorel::win32 {
+
+struct Services;
+
+/// The desktop of the system: native windows, themed, in each monitor's resolution. `module` is the DLL or
+/// program that the code is part of; window classes are registered for it, and its resource 2 is the manifest
+/// that asks for the themed controls. A thread that shows windows runs a message loop; any plain one will do.
+class WindowsDesktop : public ui::Desktop {
+  public:
+    explicit WindowsDesktop(HINSTANCE module);
+    ~WindowsDesktop() override;
+
+    [[nodiscard]] std::unique_ptr<ui::Peer> makePeer(ui::Control& control) override;
+    void runModal(ui::Form& form) override;
+    void post(std::function<void()> task) override;
+    /// Owned by the window of `owner` if that is shown, else by the thread's active window; in either case no
+    /// other window of the thread takes input. A text of more than 4,000 characters is cut.
+    ui::MessageAnswer showMessage(const ui::Message& message, ui::Form* owner) override;
+
+    [[nodiscard]] std::u16string clipboardText() override;
+    void setClipboardText(std::u16string_view text) override;
+    void setPointer(ui::Pointer pointer) override;
+    [[nodiscard]] ui::Rect workArea() override;
+    [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+
+    /// True if no posted task waits: a library may be unloaded when this holds and it has no window either.
+    [[nodiscard]] bool isIdle() const;
+    [[nodiscard]] const std::shared_ptr<Services>& services() const noexcept { return services_; }
+
+  private:
+    std::shared_ptr<Services> services_;
+};
+
+}  // namespace quorel::win32
