@@ -68,10 +68,11 @@ void ListView::enumerate(const Object& collection, std::uint64_t generation, Row
     while (got == kBatch && generation == generation_) {
         got = source->next(batch);
         for (std::size_t i = 0; i < got; ++i) {
-            Object* const held = batch[i].getIf<Object>();
-            Object object = held != nullptr ? std::move(*held) : batch[i].toObject();
-            if (object)
-                incoming.push(std::move(object));
+            auto* const object = batch[i].getIf<Object>();
+            if (object == nullptr)
+                throw automation::Error(automation::error_number::kTypeMismatch);
+            if (*object)
+                incoming.push(std::move(*object));
         }
     }
 }
