@@ -1,0 +1,18 @@
+#include "server/com_class_objects.h"
+
+// The identifiers that the contract's header declares are defined here.
+#include <initguid.h>
+
+#include "server/QuorelUtility.h"
+
+namespace quorel::server {
+
+std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
+    return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry)};
+}
+
+win32::ComTypeLibrary publicTypeLibrary() noexcept {
+    return {LIBID_QuorelUtility, 1, 0};
+}
+
+}  // namespace quorel::server

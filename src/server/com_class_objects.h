@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/automation/class_registry.h"
+#include "platform/win32/com/com_server.h"
+
+namespace quorel::server {
+
+// One function per public class: what the platform has to know of it. Objects come from `registry`, which has
+// the class already; from now on they have their published interface.
+[[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass sixPaneClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass uuidGeneratorClass(const automation::ClassRegistry& registry);
+
+/// Every class that hosts can create.
+[[nodiscard]] std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry);
+
+/// The type library that describes them.
+[[nodiscard]] win32::ComTypeLibrary publicTypeLibrary() noexcept;
+
+}  // namespace quorel::server

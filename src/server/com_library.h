@@ -1,0 +1,30 @@
+#pragma once
+
+#include "frame/environment.h"
+#include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_server.h"
+#include "platform/win32/ui/registry_settings_store.h"
+#include "platform/win32/ui/windows_clock.h"
+#include "platform/win32/ui/windows_desktop.h"
+
+namespace quorel::server {
+
+/// The library as it lives in a host's process: its desktop, its services, the classes that hosts can create.
+class Library {
+  public:
+    Library();
+
+    [[nodiscard]] const win32::ComModule& module() const noexcept { return module_; }
+    /// S_OK when the library may leave the process.
+    [[nodiscard]] HRESULT canUnloadNow() const noexcept;
+
+  private:
+    win32::WindowsDesktop desktop_;
+    win32::RegistrySettingsStore settings_;
+    win32::WindowsClock clock_;
+    automation::ClassRegistry classes_;
+    frame::Environment environment_;
+    win32::ComModule module_;
+};
+
+}  // namespace quorel::server
