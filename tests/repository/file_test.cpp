@@ -1,0 +1,204 @@
+// Files that are no repository, not for this program, or not accessible.
+
+#include <sqlite3.h>
+
+#include <memory>
+
+#include "repository/sqlite/schema.h"
+#include "tests/repository/library_fixture.h"
+
+namespace quorel::repository::testing {
+namespace {
+
+class RepositoryFile : public ::testing::Test {
+  protected:
+    automation::Error openError(const std::string& name = "test.quorel") {
+        return errorOf([&] { automation::make<Repository>()->open(folder_.file(name)); });
+    }
+    void create(const std::string& name = "test.quorel") {
+        const auto repository = automation::make<Repository>();
+        repository->create(folder_.file(name));
+        repository->makeMetaNode(u"Book", u"");
+    }
+    [[nodiscard]] std::filesystem::path path(const std::string& name = "test.quorel") const {
+        return folder_.path() / name;
+    }
+    /// Opening the file fails, changes no byte of it and leaves nothing beside it.
+    void expectUntouched(std::int32_t number, const std::string& words) {
+        const std::string before = contentsOf(path());
+        const automation::Error error = openError();
+        EXPECT_EQ(error.number(), number);
+        EXPECT_NE(std::string(error.what()).find(words), std::string::npos) << error.what();
+        EXPECT_TRUE(contentsOf(path()) == before);
+        EXPECT_EQ(folder_.count(), 1U);
+    }
+    struct CloseRaw {
+        void operator()(sqlite3* handle) const noexcept { sqlite3_close(handle); }
+    };
+    using Raw = std::unique_ptr<sqlite3, CloseRaw>;
+    Raw openRaw() {
+        sqlite3* handle = nullptr;
+        EXPECT_EQ(sqlite3_open(path().string().c_str(), &handle), SQLITE_OK);
+        return Raw(handle);
+    }
+    void runRaw(const std::string& sql) {
+        EXPECT_EQ(sqlite3_exec(openRaw().get(), sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(RepositoryFile, AClosedRepositoryIsOneFile) {
+    create();
+    EXPECT_EQ(folder_.count(), 1U);
+    EXPECT_EQ(contentsOf(path()).substr(68, 4), "QREP");
+}
+
+TEST_F(RepositoryFile, WhatIsMissingOrAFolderIsSaidSo) {
+    EXPECT_EQ(openError("nowhere.quorel").number(), 53);
+    EXPECT_EQ(openError("nowhere.quorel").description(),
+              u"There is no repository file '" + folder_.file("nowhere.quorel") + u"'");
+    std::filesystem::create_directory(path("folder"));
+    EXPECT_EQ(openError("folder").number(), 321);
+    EXPECT_EQ(errorOf([&] { automation::make<Repository>()->open(u""); }).number(), 53);
+    EXPECT_FALSE(std::filesystem::exists(path("nowhere.quorel")));
+}
+
+TEST_F(RepositoryFile, WhatIsNoRepositoryIsLeftAlone) {
+    for (const std::string& contents : {std::string(), std::string("SQLite"),
+                                        std::string("A letter to my aunt"), std::string(5000, '\xFF')}) {
+        writeFile(path(), contents);
+        expectUntouched(321, "is no repository");
+    }
+}
+
+TEST_F(RepositoryFile, AnotherProgramsDatabaseIsLeftAlone) {
+    runRaw("CREATE TABLE t (x); INSERT INTO t VALUES (1)");
+    expectUntouched(321, "is no repository");
+}
+
+TEST_F(RepositoryFile, ANewerFileIsLeftAlone) {
+    create();
+    runRaw("PRAGMA user_version = " + std::to_string(sqlite::kSchemaVersion + 1));
+    expectUntouched(321, "made by a newer program (file version 2, this program knows 1)");
+}
+
+TEST_F(RepositoryFile, ALockedFileIsLeftAlone) {
+    create();
+    const std::string before = contentsOf(path());
+    const Raw other = openRaw();
+    ASSERT_EQ(sqlite3_exec(other.get(), "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", nullptr, nullptr,
+                           nullptr),
+              SQLITE_OK);
+    const automation::Error error = openError();
+    EXPECT_EQ(error.number(), 70);
+    EXPECT_NE(std::string(error.what()).find("is locked by another program"), std::string::npos);
+    EXPECT_TRUE(contentsOf(path()) == before);
+}
+
+TEST_F(RepositoryFile, AWriteThatMeetsALockFailsAndTheNextOneSucceeds) {
+    create();
+    const auto repository = automation::make<Repository>();
+    repository->open(folder_.file());
+    const Raw other = openRaw();
+    ASSERT_EQ(sqlite3_exec(other.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(errorOf([&] { repository->makeNode(u"Book", u"Emma", u"b"); }).number(), 70);
+    ASSERT_EQ(sqlite3_exec(other.get(), "ROLLBACK", nullptr, nullptr, nullptr), SQLITE_OK);
+    repository->makeNode(u"Book", u"Emma", u"b");
+}
+
+TEST_F(RepositoryFile, ADamagedFileIsSaidToBe) {
+    create();
+    std::string contents = contentsOf(path());
+    contents.replace(100, contents.size() - 100, contents.size() - 100, '\x5A');
+    writeFile(path(), contents);
+    const automation::Error error = openError();
+    EXPECT_EQ(error.number(), 321);
+    EXPECT_NE(std::string(error.what()).find("is damaged"), std::string::npos) << error.what();
+    EXPECT_TRUE(contentsOf(path()) == contents);
+}
+
+TEST_F(RepositoryFile, AFileWithOurMarkButOtherTablesIsSaidToBeDamaged) {
+    runRaw("PRAGMA application_id = " + std::to_string(sqlite::kApplicationId) + "; CREATE TABLE t (x)");
+    expectUntouched(321, "is damaged");
+}
+
+TEST_F(RepositoryFile, AnExistingFileIsNotCreatedOver) {
+    writeFile(path(), "A letter");
+    EXPECT_EQ(errorOf([&] { automation::make<Repository>()->create(folder_.file()); }).number(), 58);
+    EXPECT_EQ(contentsOf(path()), "A letter");
+}
+
+TEST_F(RepositoryFile, CreatingInAFolderThatIsNotThereLeavesNothing) {
+    const auto error =
+        errorOf([&] { automation::make<Repository>()->create(folder_.file("no/such/x.quorel")); });
+    EXPECT_EQ(error.number(), 75);
+    EXPECT_EQ(folder_.count(), 0U);
+}
+
+TEST_F(RepositoryFile, ANameInAnyScriptIsAFileName) {
+    const std::u16string name = (folder_.path() / u"Bücher-книги-書籍-📚.quorel").u16string();
+    automation::make<Repository>()->create(name);
+    const auto repository = automation::make<Repository>();
+    repository->open(name);
+    EXPECT_EQ(repository->name(), u"Bücher-книги-書籍-📚");
+    EXPECT_TRUE(std::filesystem::exists(folder_.path() / u"Bücher-книги-書籍-📚.quorel"));
+}
+
+TEST_F(RepositoryFile, ARepositoryObjectIsOpenedOnceAndSaysWhenItIsNotOpen) {
+    const auto repository = automation::make<Repository>();
+    EXPECT_EQ(errorOf([&] { static_cast<void>(repository->metaNodes()); }).description(),
+              u"The repository has not been opened");
+    repository->create(folder_.file());
+    EXPECT_EQ(errorOf([&] { repository->open(folder_.file()); }).number(), 5);
+    repository->close();
+    EXPECT_FALSE(repository->isOpen());
+    EXPECT_EQ(errorOf([&] { static_cast<void>(repository->name()); }).description(),
+              u"The repository has been closed");
+    EXPECT_EQ(errorOf([&] { repository->open(folder_.file()); }).number(), 5);
+}
+
+TEST_F(RepositoryFile, HandlesOutliveTheClosingAndSayWhatHappened) {
+    const auto repository = automation::make<Repository>();
+    repository->create(folder_.file());
+    const Object type = repository->makeMetaNode(u"Book", u"");
+    const Object book = repository->makeNode(u"Book", u"Emma", u"b");
+    const auto enumerator = type.get(u"Extension").toObject().enumerate();
+    repository->close();
+    for (const Object& handle : {type, book})
+        EXPECT_EQ(errorOf([&] { handle.call(u"name"); }).description(), u"The repository has been closed");
+    Value next;
+    EXPECT_EQ(errorOf([&] { enumerator->next({&next, 1}); }).number(), 5);
+}
+
+TEST_F(RepositoryFile, TwoOpeningsOfOneFileSeeEachOthersChanges) {
+    create();
+    const auto first = automation::make<Repository>();
+    const auto second = automation::make<Repository>();
+    first->open(folder_.file());
+    second->open(folder_.file());
+    const Object node = first->makeNode(u"Book", u"Emma", u"b");
+    const Object same = second->metaNodes().item(u"Book").toObject().get(u"Extension", u"b").toObject();
+    same.put(u"name", u"Persuasion");
+    EXPECT_EQ(textOf(node.get(u"name")), "Persuasion");
+    first->metaNodes().item(u"Book").toObject().call(u"MakeMetaProperty", u"Pages", u"Integer");
+    same.put(u"Pages", 12);
+    EXPECT_EQ(node.get(u"Pages").toInteger(), 12) << "a property added elsewhere is found";
+    EXPECT_NE(node, same);
+}
+
+TEST_F(RepositoryFile, TransientTypesOfARunningSessionSurviveAnotherOpening) {
+    create();
+    const auto first = automation::make<Repository>();
+    first->open(folder_.file());
+    first->makeDynamicMetaClass(u"Passing", u"");
+    const auto second = automation::make<Repository>();
+    second->open(folder_.file());
+    EXPECT_EQ(second->metaNodes().get(u"Count").toInteger(), 2);
+    first->close();
+    EXPECT_EQ(second->metaNodes().get(u"Count").toInteger(), 1);
+    second->makeNode(u"Book", u"Emma", u"b");
+}
+
+}  // namespace
+}  // namespace quorel::repository::testing
