@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "platform/ui/shown_text.h"
 #include "platform/win32/system_error.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/native_text.h"
@@ -67,7 +68,7 @@ std::u16string readClipboard() {
 }
 
 void writeClipboard(std::u16string_view text) {
-    const std::u16string shown = shownText(text);
+    const std::u16string shown = ui::shownText(text);
     const std::size_t bytes = (shown.size() + 1) * sizeof(char16_t);
     GlobalMemory memory(::GlobalAlloc(GMEM_MOVEABLE, bytes));
     if (!memory)

@@ -1,8 +1,17 @@
 #include "platform/win32/ui/drawing_tools.h"
 
 #include "platform/win32/ui/native_scope.h"
+#include "platform/win32/ui/pictures.h"
 
 namespace quorel::win32 {
+
+int lineHeight(HFONT font) noexcept {
+    const MemoryDc dc(::CreateCompatibleDC(nullptr));
+    const SelectScope selected(dc.get(), font);
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(dc.get(), &metrics);
+    return metrics.tmHeight;
+}
 
 HFONT DrawingTools::font(std::int32_t dpi) {
     const LOGFONTW wanted = messageFont(dpi);

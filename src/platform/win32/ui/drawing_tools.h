@@ -33,6 +33,9 @@ namespace quorel::win32 {
     return luminance >= 128'000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
 }
 
+/// The height in pixels of a line in that font.
+[[nodiscard]] int lineHeight(HFONT font) noexcept;
+
 /// Fonts and brushes that windows share; each is made once and lives as long as this.
 class DrawingTools {
   public:

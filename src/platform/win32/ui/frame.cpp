@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/ui/shown_text.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/system_headers.h"
@@ -99,7 +100,7 @@ void Frame::setToolTip(HWND control, const std::u16string& text) {
         return;
     if (toolTips_ == nullptr || ::IsWindow(toolTips_) == FALSE)
         makeToolTips();
-    std::u16string shown = shownText(text);
+    std::u16string shown = ui::shownText(text);
     TTTOOLINFOW tool = toolOf(form_, control);
     tool.lpszText = wideBuffer(shown);
     ::SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

@@ -12,7 +12,7 @@ namespace quorel::win32 {
 
 namespace {
 
-constexpr int kMostCellUnits = 259;
+constexpr int kRowSpace = 5;  // pixels at 96 dots per inch
 constexpr std::size_t kMostTitleUnits = 259;
 
 /// Stops painting while the content is exchanged.
@@ -77,13 +77,22 @@ class Flagged {
 NativeWindow::Description ListWindow::describe() {
     return {u"SysListView32",
             WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
-                LVS_SHOWSELALWAYS | LVS_SINGLESEL,
+                LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
             WS_EX_CLIENTEDGE};
 }
 
 void ListWindow::opened() {
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
     ::SetWindowTheme(handle(), L"Explorer", nullptr);
+    spaceRows();
+}
+
+/// The rows of a report are as high as its small pictures, so an empty picture gives them room.
+void ListWindow::spaceRows() {
+    const int height = lineHeight(frame()->font()) + ::MulDiv(kRowSpace, dpi(), USER_DEFAULT_SCREEN_DPI);
+    ImageList spacer(::ImageList_Create(1, height, ILC_COLOR, 0, 0));
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacer.get()));
+    spacer_ = std::move(spacer);
 }
 
 HWND ListWindow::header() const noexcept {
@@ -189,6 +198,7 @@ void ListWindow::rescaled() {
     if (control() == nullptr)
         return;
     const Flagged mirroring(mirroring_);
+    spaceRows();
     mirrorColumns();
 }
 
@@ -198,6 +208,8 @@ LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
         if (notice.hwndFrom == header())
             headerNotified(reinterpret_cast<const NMHEADERW&>(notice));
     }
+    if (message == WM_LBUTTONDOWN)
+        pressSelected_ = false;
     ++serving_;
     const LRESULT result = NativeWindow::serve(message, w, l);
     if (--serving_ == 0)

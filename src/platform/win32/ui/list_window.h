@@ -8,6 +8,11 @@
 
 namespace quorel::win32 {
 
+inline void destroyImageList(HIMAGELIST list) noexcept {
+    ::ImageList_Destroy(list);
+}
+using ImageList = Unique<HIMAGELIST, destroyImageList>;
+
 /// The system's list in report mode, which owns no rows: it asks for the cells it paints. What it reports is
 /// noted and passed on when it has done with the message, so that a handler may fill, empty or destroy it.
 class ListWindow : public NativeWindow {
@@ -32,6 +37,7 @@ class ListWindow : public NativeWindow {
     LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     [[nodiscard]] POINT contextPoint() const override;
 
+    void spaceRows();
     void mirrorColumns();
     void mirrorColumn(std::size_t index) const;
     void mirrorRows();
@@ -52,10 +58,12 @@ class ListWindow : public NativeWindow {
     [[nodiscard]] std::optional<std::size_t> nativeSelection() const noexcept;
     [[nodiscard]] ui::VirtualList& list() const noexcept { return static_cast<ui::VirtualList&>(*control()); }
 
+    ImageList spacer_;
     Noted noted_;
     int serving_ = 0;
     bool mirroring_ = false;
     bool tracking_ = false;
+    bool pressSelected_ = false;  ///< the press of the button has selected, so its release is no second click
     int columns_ = 0;
 };
 

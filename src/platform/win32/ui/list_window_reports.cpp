@@ -27,7 +27,7 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
             noted_.selection = noted_.selection || !mirroring_;
             return 0;
         case NM_CLICK:
-            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0;
+            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressSelected_;
             return 0;
         case LVN_ITEMACTIVATE:
             noted_.activation = true;
@@ -44,6 +44,8 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
 }
 
 void ListWindow::tellCell(LVITEMW& item) const {
+    if ((item.mask & LVIF_IMAGE) != 0)
+        item.iImage = I_IMAGENONE;
     if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
         return;
     std::u16string text;
@@ -90,7 +92,7 @@ LRESULT ListWindow::find(const NMLVFINDITEMW& wanted) const {
 void ListWindow::noteSelection(const NMLISTVIEW& change) {
     const bool selected = ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0;
     if (selected && !mirroring_)
-        noted_.selection = true;
+        noted_.selection = pressSelected_ = true;
 }
 
 void ListWindow::headerNotified(const NMHEADERW& notice) {

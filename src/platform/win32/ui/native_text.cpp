@@ -18,12 +18,6 @@ constexpr char16_t kSymbolForNull = u'\u2400';
 
 }  // namespace
 
-std::u16string shownText(std::u16string_view text) {
-    std::u16string shown(text);
-    std::replace(shown.begin(), shown.end(), u'\0', kSymbolForNull);
-    return shown;
-}
-
 std::u16string shownLine(std::u16string_view text, std::size_t most) {
     std::u16string shown(text.substr(0, most));
     if (shown.size() < text.size() && !shown.empty() && isHighSurrogate(shown.back()))

@@ -6,16 +6,12 @@
 
 namespace quorel::win32 {
 
-/// Native windows end a text at its first NUL, so a NUL is shown as U+2400 (the symbol for it), one unit for
-/// one unit. Lone surrogates are shown as the system does. The portable state keeps the text as it is.
-[[nodiscard]] std::u16string shownText(std::u16string_view text);
-
-/// The same for one line of a list, menu or status bar: line ends and tabs become blanks, and what is longer
-/// than `most` units is cut, not inside a surrogate pair.
+/// `ui::shownText` for one line of a list, menu or status bar: line ends and tabs become blanks, and what is
+/// longer than `most` units is cut, not inside a surrogate pair.
 [[nodiscard]] std::u16string shownLine(std::u16string_view text, std::size_t most);
 
-/// What the user has made of `before` when the native text went from `shownText(before)` to `shownNow`: the
-/// units outside the edited stretch are taken from `before`, so its NULs survive.
+/// What the user has made of `before` when the native text went from `ui::shownText(before)` to `shownNow`:
+/// the units outside the edited stretch are taken from `before`, so its NULs survive.
 [[nodiscard]] std::u16string editedText(std::u16string_view before, std::u16string_view shownNow);
 
 }  // namespace quorel::win32

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "platform/ui/form.h"
+#include "platform/ui/shown_text.h"
 #include "platform/win32/system_error.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/native_text.h"
@@ -146,7 +147,7 @@ void NativeWindow::mirror(ui::Change changes) {
 }
 
 void NativeWindow::mirrorText() {
-    setNativeText(shownText(control_->text()));
+    setNativeText(ui::shownText(control_->text()));
 }
 
 void NativeWindow::mirrorVisible() {

@@ -1,4 +1,5 @@
 
+#include "platform/ui/shown_text.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/input_windows.h"
 #include "platform/win32/ui/native_text.h"
@@ -26,7 +27,7 @@ void TextWindow::mirror(ui::Change changes) {
     if (has(changes, ui::Change::Style)) {
         send(EM_SETREADONLY, box().isReadOnly());
         if (!box().isMultiLine()) {
-            const std::u16string cue = shownText(box().cueText());
+            const std::u16string cue = ui::shownText(box().cueText());
             send(EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(wide(cue)));
         }
     }
@@ -36,7 +37,7 @@ void TextWindow::mirror(ui::Change changes) {
 
 /// Leaves the caret alone when the window shows the text already.
 void TextWindow::mirrorText() {
-    const std::u16string wanted = shownText(box().text());
+    const std::u16string wanted = ui::shownText(box().text());
     if (wanted == nativeText())
         return;
     settingText_ = true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/ui/form.h"
+#include "platform/ui/shown_text.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/clipboard.h"
 #include "platform/win32/ui/form_window.h"
@@ -75,7 +76,7 @@ ui::MessageAnswer WindowsDesktop::showMessage(const ui::Message& message, ui::Fo
     const auto services = services_;
     const NativeScope scope(services->controls);
     const HWND window = messageOwner(owner);
-    std::u16string text = shownText(message.text.substr(0, kMostMessageUnits));
+    std::u16string text = ui::shownText(message.text.substr(0, kMostMessageUnits));
     if (text.size() < message.text.size())
         text += u'\u2026';
     const std::u16string title = shownLine(message.title, kMostMessageUnits);
@@ -115,7 +116,7 @@ ui::Size WindowsDesktop::textSize(std::u16string_view line) {
     const std::int32_t dpi = primaryDpi();
     const MemoryDc dc(::CreateCompatibleDC(nullptr));
     const SelectScope font(dc.get(), services_->tools.font(dpi));
-    const std::u16string shown = shownText(line);
+    const std::u16string shown = ui::shownText(line);
     SIZE size{};
     ::GetTextExtentPoint32W(dc.get(), wide(shown), static_cast<int>(shown.size()), &size);
     return {ui::toTwips(size.cx, dpi), ui::toTwips(size.cy, dpi)};

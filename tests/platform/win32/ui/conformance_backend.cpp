@@ -1,0 +1,272 @@
+// The conformance suite on native windows: input travels as posted messages through a plain message loop.
+
+#include <deque>
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/ui/menu.h"
+#include "platform/win32/ui/native_scope.h"
+#include "platform/win32/ui/system_headers.h"
+#include "platform/win32/ui/windows_desktop.h"
+#include "tests/conformance/backend.h"
+#include "tests/platform/win32/ui/native_user.h"
+
+namespace quorel::conformance {
+
+namespace {
+
+namespace native = win32::testing;
+
+/// A message-only window whose messages arrive in whatever loop runs.
+class Courier {
+  public:
+    Courier()
+        : window_(
+              ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+        ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Courier::serve));
+    }
+    ~Courier() { ::DestroyWindow(window_); }
+    Courier(const Courier&) = delete;
+    Courier& operator=(const Courier&) = delete;
+
+    void send(std::function<void()> errand) {
+        errands_.push_back(std::move(errand));
+        ::PostMessageW(window_, WM_APP, 0, 0);
+    }
+    void verify() {
+        if (const std::exception_ptr failure = std::exchange(failure_, nullptr))
+            std::rethrow_exception(failure);
+    }
+
+  private:
+    static LRESULT CALLBACK serve(HWND window, UINT message, WPARAM w, LPARAM l) {
+        auto* const self = reinterpret_cast<Courier*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message != WM_APP || self->errands_.empty())
+            return ::DefWindowProcW(window, message, w, l);
+        const std::function<void()> errand = std::move(self->errands_.front());
+        self->errands_.pop_front();
+        try {
+            errand();
+        } catch (...) {
+            self->failure_ = std::current_exception();
+        }
+        return 0;
+    }
+
+    HWND window_;
+    std::deque<std::function<void()>> errands_;
+    std::exception_ptr failure_;
+};
+
+/// Sends the user's actions into the loop of the next modal form.
+class WatchedDesktop final : public win32::WindowsDesktop {
+  public:
+    explicit WatchedDesktop(Courier& courier)
+        : WindowsDesktop(::GetModuleHandleW(nullptr)), courier_(courier) {}
+
+    void runModal(ui::Form& form) override {
+        if (!scripts.empty()) {
+            courier_.send([&form, script = std::move(scripts.front())] { script(form); });
+            scripts.pop_front();
+        }
+        WindowsDesktop::runModal(form);
+    }
+
+    std::deque<std::function<void(ui::Form&)>> scripts;
+
+  private:
+    Courier& courier_;
+};
+
+class NativeBackend final : public Backend {
+  public:
+    [[nodiscard]] ui::Desktop& desktop() override { return desktop_; }
+    void settle() override { native::pump(); }
+    void duringModal(std::function<void(ui::Form&)> actions) override {
+        desktop_.scripts.push_back(std::move(actions));
+    }
+
+    void click(ui::Control& control) override {
+        const HWND window = native::windowFor(control);
+        native::click(window, native::middleOf(window));
+    }
+    void enterText(ui::TextBox& box, std::u16string_view text) override;
+    void press(ui::Form& form, ui::KeyChord chord) override { native::press(native::windowFor(form), chord); }
+    void clickRow(ui::VirtualList& list, std::size_t row) override {
+        const HWND window = native::windowFor(list);
+        native::click(window, native::pointInRow(window, row));
+    }
+    void doubleClickRow(ui::VirtualList& list, std::size_t row) override {
+        const HWND window = native::windowFor(list);
+        native::doubleClick(window, native::pointInRow(window, row));
+    }
+    void clickBelowRows(ui::VirtualList& list) override;
+    void clickColumn(ui::VirtualList& list, std::size_t column) override;
+    void typeToFind(ui::VirtualList& list, std::u16string_view text) override;
+    void chooseMenu(ui::Form& form, std::u16string_view entry) override;
+    void chooseContextMenu(ui::Control& control, std::u16string_view entry) override;
+    void closeBox(ui::Form& form) override {
+        const HWND window = native::windowFor(form);
+        native::requireUsable(window);
+        ::PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+        native::pump();
+    }
+    void resize(ui::Form& form, ui::Size clientSize) override;
+    void dragSplitter(ui::Splitter& splitter, ui::Twips position) override;
+
+    [[nodiscard]] bool seesForm(const ui::Form& form) override { return sees(form); }
+    [[nodiscard]] bool seesControl(const ui::Control& control) override { return sees(control); }
+    [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
+        return control.peer() != nullptr ? native::textOf(native::windowFor(control)) : std::u16string();
+    }
+    [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
+                                          std::size_t column) override {
+        return native::cellOf(native::windowFor(list), row, column);
+    }
+    [[nodiscard]] std::size_t seenRowCount(ui::VirtualList& list) override {
+        return list.peer() == nullptr ? 0
+                                      : static_cast<std::size_t>(
+                                            ::SendMessageW(native::windowFor(list), LVM_GETITEMCOUNT, 0, 0));
+    }
+    [[nodiscard]] std::size_t peerCount() override { return native::livePeers(); }
+    void verify() override {
+        courier_.verify();
+        if (!desktop_.scripts.empty())
+            throw std::runtime_error("a modal show that was expected never came");
+    }
+
+  private:
+    [[nodiscard]] static bool sees(const ui::Control& control) {
+        return control.peer() != nullptr && ::IsWindowVisible(native::windowFor(control)) != FALSE;
+    }
+    void chooseFromOpenMenu(ui::Control& control, HWND form, const std::u16string& entry);
+
+    Courier courier_;
+    WatchedDesktop desktop_{courier_};
+    ULONGLONG typedAt_ = 0;
+};
+
+/// Pasted, as one edit.
+void NativeBackend::enterText(ui::TextBox& box, std::u16string_view text) {
+    const HWND window = native::windowFor(box);
+    native::requireUsable(window);
+    if ((::GetWindowLongPtrW(window, GWL_STYLE) & ES_READONLY) != 0)
+        throw std::runtime_error("the box is read-only");
+    ui::Desktop& desktop = *static_cast<ui::Desktop*>(&desktop_);
+    desktop.setClipboardText(text);
+    if (::GetFocus() != window)
+        native::click(window, native::middleOf(window));
+    if (::IsWindow(window) == FALSE)
+        return;
+    ::SendMessageW(window, EM_SETSEL, 0, -1);
+    ::PostMessageW(window, WM_PASTE, 0, 0);
+    native::pump();
+}
+
+void NativeBackend::clickBelowRows(ui::VirtualList& list) {
+    const HWND window = native::windowFor(list);
+    RECT client{};
+    ::GetClientRect(window, &client);
+    native::click(window, {10, client.bottom - 5});
+}
+
+void NativeBackend::clickColumn(ui::VirtualList& list, std::size_t column) {
+    const HWND header = reinterpret_cast<HWND>(::SendMessageW(native::windowFor(list), LVM_GETHEADER, 0, 0));
+    RECT place{};
+    ::SendMessageW(header, HDM_GETITEMRECT, column, reinterpret_cast<LPARAM>(&place));
+    native::click(header, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+/// A list takes keys that come soon after each other for one text.
+void NativeBackend::typeToFind(ui::VirtualList& list, std::u16string_view text) {
+    const ULONGLONG pause = 2ULL * ::GetDoubleClickTime() + 100;
+    if (const ULONGLONG since = ::GetTickCount64() - typedAt_; since < pause)
+        ::Sleep(static_cast<DWORD>(pause - since));
+    const HWND form = native::windowFor(*list.form());
+    native::type(form, text);
+    typedAt_ = ::GetTickCount64();
+}
+
+void NativeBackend::chooseMenu(ui::Form& form, std::u16string_view entry) {
+    const HWND window = native::windowFor(form);
+    native::requireUsable(window);
+    const ui::MenuItem* const item = form.menuBar().find(entry);
+    const UINT command =
+        item != nullptr ? native::findCommand(::GetMenu(window), native::labelFor(*item)) : 0;
+    if (command == 0)
+        throw std::runtime_error("the menu has no such usable entry");
+    ::PostMessageW(window, WM_COMMAND, command, 0);
+    native::pump();
+}
+
+void NativeBackend::chooseContextMenu(ui::Control& control, std::u16string_view entry) {
+    const HWND window = native::windowFor(control);
+    native::requireUsable(window);
+    const HWND form = native::windowFor(*control.form());
+    native::click(window, native::middleOf(window));
+    ::PostMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
+    courier_.send([this, &control, form, wanted = std::u16string(entry)] {
+        chooseFromOpenMenu(control, form, wanted);
+    });
+    native::pump();
+}
+
+void NativeBackend::chooseFromOpenMenu(ui::Control& control, HWND form, const std::u16string& entry) {
+    if (!native::isMenuOpen())
+        return;
+    const auto key = [form](WPARAM code) {
+        ::PostMessageW(form, WM_KEYDOWN, code, 1);
+        ::PostMessageW(form, WM_KEYUP, code, 1 | 3LL << 30);
+    };
+    bool found = false;
+    for (const auto& item : control.contextMenu().items()) {
+        if (!item->isVisible() || item->isSeparator())
+            continue;
+        key(VK_DOWN);
+        found = item->name() == entry && item->isEnabled();
+        if (found)
+            break;
+    }
+    key(found ? VK_RETURN : VK_ESCAPE);
+    if (!found)
+        throw std::runtime_error("the context menu has no such usable entry");
+}
+
+void NativeBackend::resize(ui::Form& form, ui::Size clientSize) {
+    const HWND window = native::windowFor(form);
+    native::requireUsable(window);
+    const std::int32_t dpi = win32::dpiOf(window);
+    RECT client{}, outer{};
+    ::GetClientRect(window, &client);
+    ::GetWindowRect(window, &outer);
+    ::SetWindowPos(window, nullptr, 0, 0,
+                   outer.right - outer.left + toPixels(clientSize.width, dpi) - client.right,
+                   outer.bottom - outer.top + toPixels(clientSize.height, dpi) - client.bottom,
+                   SWP_NOMOVE | SWP_NOZORDER);
+    native::pump();
+}
+
+void NativeBackend::dragSplitter(ui::Splitter& splitter, ui::Twips position) {
+    const HWND window = native::windowFor(splitter);
+    native::requireUsable(window);
+    const bool vertical = splitter.orientation() == ui::Orientation::Vertical;
+    const ui::Twips from = vertical ? splitter.bounds().left : splitter.bounds().top;
+    const std::int32_t dpi = win32::dpiOf(window);
+    const std::int32_t way = toPixels(position, dpi) - toPixels(from, dpi);
+    const POINT grip = native::middleOf(window);
+    const POINT there{grip.x + (vertical ? way : 0), grip.y + (vertical ? 0 : way)};
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(grip.x, grip.y));
+    ::PostMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(there.x, there.y));
+    ::PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(there.x, there.y));
+    native::pump();
+}
+
+}  // namespace
+
+std::unique_ptr<Backend> makeBackend() {
+    return std::make_unique<NativeBackend>();
+}
+
+}  // namespace quorel::conformance

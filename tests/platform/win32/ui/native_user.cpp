@@ -1,0 +1,199 @@
+#include "tests/platform/win32/ui/native_user.h"
+
+#include <array>
+#include <stdexcept>
+#include <vector>
+
+#include "platform/win32/text.h"
+#include "platform/win32/ui/control_peer.h"
+#include "platform/win32/ui/menus.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32::testing {
+
+namespace {
+
+constexpr int kLongCell = 1024;
+
+/// The modifier keys are down while it lives, for this thread.
+class HeldModifiers {
+  public:
+    explicit HeldModifiers(ui::Modifiers modifiers) {
+        ::GetKeyboardState(before_.data());
+        std::array<BYTE, 256> now = before_;
+        now[VK_SHIFT] = state(has(modifiers, ui::Modifiers::Shift));
+        now[VK_CONTROL] = state(has(modifiers, ui::Modifiers::Control));
+        now[VK_MENU] = state(has(modifiers, ui::Modifiers::Alt));
+        ::SetKeyboardState(now.data());
+    }
+    ~HeldModifiers() { ::SetKeyboardState(before_.data()); }
+    HeldModifiers(const HeldModifiers&) = delete;
+    HeldModifiers& operator=(const HeldModifiers&) = delete;
+
+  private:
+    [[nodiscard]] static BYTE state(bool down) { return down ? 0x80 : 0; }
+    std::array<BYTE, 256> before_{};
+};
+
+void activate(HWND form) {
+    if (::GetActiveWindow() != form)
+        ::SetActiveWindow(form);
+    pump();
+}
+
+BOOL CALLBACK countPeer(HWND window, LPARAM count) {
+    const NativeWindow* const ours = NativeWindow::of(window);
+    if (ours != nullptr && ours->control() != nullptr)
+        ++*reinterpret_cast<std::size_t*>(count);
+    return TRUE;
+}
+
+BOOL CALLBACK countPeers(HWND window, LPARAM count) {
+    countPeer(window, count);
+    ::EnumChildWindows(window, countPeer, count);
+    return TRUE;
+}
+
+}  // namespace
+
+void pump() {
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+HWND windowFor(const ui::Control& control) {
+    const HWND window = handleOf(control);
+    if (window == nullptr)
+        throw std::runtime_error("the control has no window");
+    return window;
+}
+
+void requireUsable(HWND window) {
+    if (::IsWindowVisible(window) == FALSE)
+        throw std::runtime_error("the window is hidden");
+    for (; window != nullptr; window = ::GetAncestor(window, GA_PARENT))
+        if (::IsWindowEnabled(window) == FALSE)
+            throw std::runtime_error("the window is disabled");
+}
+
+POINT middleOf(HWND window) {
+    RECT client{};
+    ::GetClientRect(window, &client);
+    return {client.right / 2, client.bottom / 2};
+}
+
+void click(HWND window, POINT at) {
+    requireUsable(window);
+    activate(::GetAncestor(window, GA_ROOT));
+    const LPARAM where = MAKELPARAM(at.x, at.y);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, where);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, where);
+    pump();
+}
+
+void doubleClick(HWND window, POINT at) {
+    requireUsable(window);
+    activate(::GetAncestor(window, GA_ROOT));
+    const LPARAM where = MAKELPARAM(at.x, at.y);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, where);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, where);
+    ::PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, where);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, where);
+    pump();
+}
+
+void press(HWND form, ui::KeyChord chord) {
+    requireUsable(form);
+    activate(form);
+    const HWND focus = ::GetFocus();
+    if (focus == nullptr)
+        throw std::runtime_error("no window has the focus");
+    const bool alt = has(chord.modifiers, ui::Modifiers::Alt);
+    const auto key = static_cast<WPARAM>(chord.key);
+    const UINT scan = ::MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC);
+    const LPARAM context = alt ? 1L << 29 : 0;
+    const LPARAM down = 1 | static_cast<LPARAM>(scan << 16) | context;
+    const HeldModifiers held(chord.modifiers);
+    ::PostMessageW(focus, alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, down);
+    pump();
+    if (::IsWindow(focus) != FALSE && ::GetFocus() != nullptr)
+        ::PostMessageW(::GetFocus(), alt ? WM_SYSKEYUP : WM_KEYUP, key, down | 3LL << 30);
+    pump();
+}
+
+void type(HWND form, std::u16string_view text) {
+    for (const char16_t unit : text) {
+        const SHORT key = ::VkKeyScanW(static_cast<wchar_t>(unit));
+        press(form, {static_cast<ui::Key>(LOBYTE(key)),
+                     (HIBYTE(key) & 1) != 0 ? ui::Modifiers::Shift : ui::Modifiers::None});
+    }
+}
+
+POINT pointInRow(HWND list, std::size_t row) {
+    const LRESULT rows = ::SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
+    if (static_cast<LRESULT>(row) >= rows)
+        throw std::runtime_error("there is no such row");
+    ::SendMessageW(list, LVM_ENSUREVISIBLE, row, FALSE);
+    RECT place{};
+    place.left = LVIR_LABEL;
+    ::SendMessageW(list, LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&place));
+    return {place.left + 10, (place.top + place.bottom) / 2};
+}
+
+std::u16string textOf(HWND window) {
+    std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
+    text.resize(
+        static_cast<std::size_t>(::GetWindowTextW(window, wideBuffer(text), static_cast<int>(text.size()))));
+    return text;
+}
+
+std::u16string cellOf(HWND list, std::size_t row, std::size_t column) {
+    std::u16string text(kLongCell, u'\0');
+    LVITEMW item{};
+    item.iSubItem = static_cast<int>(column);
+    item.pszText = wideBuffer(text);
+    item.cchTextMax = kLongCell;
+    text.resize(static_cast<std::size_t>(
+        ::SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item))));
+    return text;
+}
+
+std::u16string labelFor(const ui::MenuItem& entry) {
+    const std::u16string shortcut = shortcutText(entry.shortcut());
+    return shownLine(entry.caption(), 200) + (shortcut.empty() ? u"" : u"\t" + shortcut);
+}
+
+UINT findCommand(HMENU menu, std::u16string_view label) {
+    for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+        if ((::GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) != 0)
+            continue;
+        std::array<wchar_t, 300> text{};
+        ::GetMenuStringW(menu, static_cast<UINT>(i), text.data(), static_cast<int>(text.size()),
+                         MF_BYPOSITION);
+        const HMENU inner = ::GetSubMenu(menu, i);
+        if (inner == nullptr && narrowView(text.data()) == label)
+            return ::GetMenuItemID(menu, i);
+        if (const UINT found = inner != nullptr ? findCommand(inner, label) : 0)
+            return found;
+    }
+    return 0;
+}
+
+bool isMenuOpen() {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) != FALSE &&
+           (info.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0;
+}
+
+std::size_t livePeers() {
+    std::size_t count = 0;
+    ::EnumThreadWindows(::GetCurrentThreadId(), countPeers, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+}  // namespace quorel::win32::testing

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/ui/control.h"
+#include "platform/ui/form.h"
+#include "platform/ui/keys.h"
+#include "platform/ui/menu.h"
+#include "platform/ui/virtual_list.h"
+
+namespace quorel::win32::testing {
+
+/// Takes and dispatches messages until there are none: a host's plainest message loop.
+void pump();
+
+/// The HWND of a control; throws std::runtime_error when it has none.
+[[nodiscard]] HWND windowFor(const ui::Control& control);
+/// Throws std::runtime_error when a user could not act on it: hidden, disabled, or in such a parent.
+void requireUsable(HWND window);
+
+/// Posts the messages of real input and pumps after each step.
+void click(HWND window, POINT at);
+void doubleClick(HWND window, POINT at);
+[[nodiscard]] POINT middleOf(HWND window);
+/// A key goes down and up in the window that has the focus, in `form`, which is made the active window first.
+void press(HWND form, ui::KeyChord chord);
+void type(HWND form, std::u16string_view text);
+
+/// A point in a row's first column, scrolled into view; throws std::runtime_error when there is no such row.
+[[nodiscard]] POINT pointInRow(HWND list, std::size_t row);
+
+[[nodiscard]] std::u16string textOf(HWND window);
+[[nodiscard]] std::u16string cellOf(HWND list, std::size_t row, std::size_t column);
+
+/// The command of the usable entry with that label, however deep; 0 when there is none.
+[[nodiscard]] UINT findCommand(HMENU menu, std::u16string_view label);
+/// What a menu shows for an entry.
+[[nodiscard]] std::u16string labelFor(const ui::MenuItem& entry);
+/// True while the thread is in the loop of an open menu.
+[[nodiscard]] bool isMenuOpen();
+
+/// The thread's windows whose control is there, children included.
+[[nodiscard]] std::size_t livePeers();
+
+}  // namespace quorel::win32::testing
