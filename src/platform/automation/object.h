@@ -109,6 +109,11 @@ class Object {
 
     [[nodiscard]] std::unique_ptr<Enumerator> enumerate() const;
     [[nodiscard]] NativeObject* native() const noexcept;
+    /// For containers that hold many references of one family: gives up the instance with its count, which
+    /// `adopt` with the same binding takes over again.
+    [[nodiscard]] void* detach() noexcept { return std::exchange(instance_, nullptr); }
+    /// Null for a reference that never held anything.
+    [[nodiscard]] const Binding* binding() const noexcept { return binding_; }
     /// For the backend that made the instance: the raw pointer, if it is of that binding, else null. Not
     /// counted.
     [[nodiscard]] void* instanceOf(const Binding& binding) const noexcept {
