@@ -121,7 +121,7 @@ void ListView::copyRows(std::size_t first, std::size_t last) {
     for (std::size_t viewRow = first; !overtaken && viewRow <= last; ++viewRow) {
         for (std::size_t column = 0; !overtaken && column < columns_.size(); ++column) {
             text += column == 0 ? u"" : u"\t";
-            text += clipboardField(textOf(Object(rows_[view_.rowAt(viewRow)]), column));
+            text += clipboardField(textOf(rows_[view_.rowAt(viewRow)], column));
         }
         text += u"\r\n";
     }

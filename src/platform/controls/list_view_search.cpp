@@ -66,7 +66,7 @@ std::optional<std::vector<std::uint32_t>> ListView::sortedOrder(std::size_t colu
     std::vector<SortKey> keys;
     keys.reserve(rows_.size());
     for (std::size_t row = 0; !overtaken && row < rows_.size(); ++row)
-        keys.push_back(keyOf(Object(rows_[row]), column));
+        keys.push_back(keyOf(rows_[row], column));
     if (overtaken)
         return std::nullopt;
     std::vector<std::uint32_t> order(rows_.size());
@@ -100,8 +100,7 @@ void ListView::find(const std::u16string& text, std::size_t start, std::optional
     const std::size_t count = view_.size();
     for (std::size_t step = 0; !overtaken && step < count; ++step) {
         const std::size_t viewRow = (start + step) % count;
-        const std::u16string cell =
-            automation::foldCase(textOf(Object(rows_[view_.rowAt(viewRow)]), sortColumn_));
+        const std::u16string cell = automation::foldCase(textOf(rows_[view_.rowAt(viewRow)], sortColumn_));
         if (overtaken)
             return;
         if (cell.starts_with(wanted)) {
@@ -130,7 +129,7 @@ void ListView::filterChanged() {
     const std::size_t candidates = narrower ? view_.size() : view_.count();
     for (std::size_t place = 0; !overtaken && !wanted.empty() && place < candidates; ++place) {
         const std::size_t row = narrower ? view_.rowAt(place) : view_.unfilteredRowAt(place);
-        if (matches(Object(rows_[row]), wanted))
+        if (matches(rows_[row], wanted))
             let.push_back(static_cast<std::uint32_t>(row));
     }
     if (overtaken)

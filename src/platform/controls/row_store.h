@@ -1,50 +1,68 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <utility>
+#include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "platform/automation/object.h"
 
 namespace quorel::controls {
 
-/// References to the row objects, in blocks, so that growing to a million never copies one.
+/// Counted references to the row objects, one word each, in blocks, so that growing to a million never copies
+/// one. The lowest bits of a word, which are zero in every instance pointer, tell the binding; objects of at
+/// most four bindings can be held (there are two in a process: its own objects and the platform's).
 class RowStore {
   public:
     RowStore() = default;
-    RowStore(RowStore&& other) noexcept
-        : blocks_(std::move(other.blocks_)), size_(std::exchange(other.size_, 0)) {
-        other.blocks_.clear();
-    }
+    RowStore(RowStore&& other) noexcept { swap(other); }
     /// The references held before are dropped after the new ones are in place: dropping one may come back.
     RowStore& operator=(RowStore&& other) noexcept {
         RowStore incoming(std::move(other));
-        blocks_.swap(incoming.blocks_);
-        std::swap(size_, incoming.size_);
+        swap(incoming);
         return *this;
     }
+    ~RowStore();
 
+    /// The object must not be empty.
     void push(automation::Object&& object) {
+        const std::uintptr_t tag = object.binding() == bindings_[0] ? 0 : tagOf(object);
         if (size_ % kBlock == 0)
             addBlock();
-        blocks_.back().push_back(std::move(object));
+        blocks_.back()[size_ % kBlock] = reinterpret_cast<std::uintptr_t>(object.detach()) | tag;
         ++size_;
     }
     /// The rows behind it move up.
     void remove(std::size_t row);
 
     [[nodiscard]] std::size_t size() const noexcept { return size_; }
-    [[nodiscard]] const automation::Object& operator[](std::size_t row) const noexcept {
-        return blocks_[row / kBlock][row % kBlock];
+    [[nodiscard]] automation::Object operator[](std::size_t row) const noexcept {
+        const std::uintptr_t word = wordAt(row);
+        return automation::Object::share(bindingOf(word), instanceOf(word));
     }
     /// The row of that very object; `size()` if there is none. No member is called.
     [[nodiscard]] std::size_t find(const automation::Object& object) const noexcept;
 
   private:
-    static constexpr std::size_t kBlock = 4096;
-    void addBlock();
+    static constexpr std::size_t kBlock = 8192;
+    static constexpr std::uintptr_t kTagMask = 3;
 
-    std::vector<std::vector<automation::Object>> blocks_;
+    [[nodiscard]] std::uintptr_t& wordAt(std::size_t row) const noexcept {
+        return blocks_[row / kBlock][row % kBlock];
+    }
+    [[nodiscard]] const automation::Binding& bindingOf(std::uintptr_t word) const noexcept {
+        return *bindings_[word & kTagMask];
+    }
+    [[nodiscard]] static void* instanceOf(std::uintptr_t word) noexcept {
+        return reinterpret_cast<void*>(word & ~kTagMask);
+    }
+    [[nodiscard]] std::uintptr_t tagOf(const automation::Object& object);
+    void addBlock();
+    void swap(RowStore& other) noexcept;
+
+    std::array<const automation::Binding*, kTagMask + 1> bindings_{};
+    std::vector<std::unique_ptr<std::uintptr_t[]>> blocks_;
     std::size_t size_ = 0;
 };
 
