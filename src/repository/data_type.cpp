@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "platform/automation/text.h"
 #include "repository/errors.h"
@@ -22,6 +23,13 @@ constexpr std::array<std::u16string_view, 7> kNames{u"String", u"Integer",     u
     throw failure(automation::error_number::kTypeMismatch, u"The property " + inQuotes(property.name) +
                                                                u" takes a value of the type " +
                                                                std::u16string(dataTypeName(property.type)));
+}
+
+Value number(const PropertyRecord& property, const Value& value) {
+    const double number = value.toDouble();
+    if (std::isnan(number))
+        refuse(property);
+    return number;
 }
 
 Value enumerated(const PropertyRecord& property, const Value& value) {
@@ -60,7 +68,7 @@ Value converted(const PropertyRecord& property, const Value& value) {
         case DataType::Integer:
             return value.toInteger();
         case DataType::Double:
-            return value.toDouble();
+            return number(property, value);
         case DataType::Boolean:
             return value.toBoolean();
         case DataType::Date:
