@@ -20,8 +20,9 @@ struct Trigger {
     bool endsInUnload = false;
 };
 
-[[nodiscard]] std::vector<Trigger> triggers() {
-    using Handler = std::function<void()>;
+using Handler = std::function<void()>;
+
+[[nodiscard]] std::vector<Trigger> controlTriggers() {
     return {
         {"button click", [](Window& w, Handler h) { w.ok.onClick.connect(h); },
          [](Backend& b, Window& w) { b.click(w.ok); }},
@@ -47,6 +48,11 @@ struct Trigger {
              w.ok.onClick.connect(h);
          },
          [](Backend& b, Window& w) { b.press(*w.form, {Key::Enter}); }},
+    };
+}
+
+[[nodiscard]] std::vector<Trigger> listTriggers() {
+    return {
         {"select", [](Window& w, Handler h) { w.list.onSelect.connect(h); },
          [](Backend& b, Window& w) { b.clickRow(w.list, 1); }},
         {"activate", [](Window& w, Handler h) { w.list.onActivate.connect(h); },
@@ -65,6 +71,13 @@ struct Trigger {
              w.list.focus();
              b.typeToFind(w.list, u"r");
          }},
+        {"cell text", [](Window& w, Handler h) { w.rows.whenAsked = h; },
+         [](Backend& b, Window& w) { static_cast<void>(b.seenCell(w.list, 0, 0)); }},
+    };
+}
+
+[[nodiscard]] std::vector<Trigger> windowTriggers() {
+    return {
         {"menu entry", [](Window& w, Handler h) { w.create.onClick.connect(h); },
          [](Backend& b, Window& w) { b.chooseMenu(*w.form, u"mnuNew"); }},
         {"menu shortcut", [](Window& w, Handler h) { w.create.onClick.connect(h); },
@@ -80,13 +93,18 @@ struct Trigger {
          }},
         {"splitter", [](Window& w, Handler h) { w.splitter.onMove.connect([h](ui::Twips) { h(); }); },
          [](Backend& b, Window& w) { b.dragSplitter(w.splitter, ui::Twips{3000}); }},
-        {"cell text", [](Window& w, Handler h) { w.rows.whenAsked = h; },
-         [](Backend& b, Window& w) { static_cast<void>(b.seenCell(w.list, 0, 0)); }},
         {"query unload", [](Window& w, Handler h) { w.form->onQueryUnload.connect([h](bool&) { h(); }); },
          [](Backend& b, Window& w) { b.closeBox(*w.form); }, true},
         {"unload", [](Window& w, Handler h) { w.form->onUnload.connect(h); },
          [](Backend& b, Window& w) { b.closeBox(*w.form); }, true},
     };
+}
+
+[[nodiscard]] std::vector<Trigger> triggers() {
+    std::vector<Trigger> all = controlTriggers();
+    for (const std::vector<Trigger>& more : {listTriggers(), windowTriggers()})
+        all.insert(all.end(), more.begin(), more.end());
+    return all;
 }
 
 }  // namespace
