@@ -18,6 +18,13 @@ NativeObject::~NativeObject() {
     liveObjects.fetch_sub(1, std::memory_order_relaxed);
 }
 
+void NativeObject::end() noexcept {
+    // Whoever counts the object once more while it ends must not end it a second time.
+    constexpr std::uint32_t kEnding = 1U << 30;
+    count_ = kEnding;
+    delete this;
+}
+
 std::int64_t NativeObject::liveCount() noexcept {
     return liveObjects.load(std::memory_order_relaxed);
 }

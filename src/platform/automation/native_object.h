@@ -23,11 +23,8 @@ class NativeObject {
 
     void addRef() noexcept { ++count_; }
     void release() noexcept {
-        if (--count_ == 0) {
-            // Whoever counts the object once more while it ends must not end it a second time.
-            count_ = kEnding;
-            delete this;
-        }
+        if (--count_ == 0)
+            end();
     }
 
     /// The members, in one table per class (see class_table.h).
@@ -51,7 +48,10 @@ class NativeObject {
     virtual ~NativeObject();
 
   private:
-    static constexpr std::uint32_t kEnding = 1U << 30;
+    /// Out of line on purpose: when its store to the count is inlined into a clean-up after an exception, GCC
+    /// 12 takes the decrement before it for dead on both ways, and an object that others still hold never
+    /// ends.
+    void end() noexcept;
 
     std::uint32_t count_ = 0;
     void* bridge_ = nullptr;

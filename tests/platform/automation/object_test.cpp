@@ -66,6 +66,17 @@ TEST(Object, MemberMayDropTheLastReferenceToItsOwnObject) {
     EXPECT_EQ(NativeObject::liveCount(), before);
 }
 
+TEST(Object, FailingMemberLeavesTheCountBalanced) {
+    const std::int64_t before = NativeObject::liveCount();
+    {
+        const Object object = make<SampleDouble>();
+        EXPECT_EQ(errorNumber([&] { object.call(u"Fail"); }), 1234);
+        EXPECT_EQ(errorNumber([&] { object.call(u"Join"); }), 450);
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(object.enumerate()); }), 451);
+    }
+    EXPECT_EQ(NativeObject::liveCount(), before);
+}
+
 TEST(Object, ResetEmptiesTheReferenceBeforeTheObjectEnds) {
     class Watcher : public SampleDouble {
       public:
