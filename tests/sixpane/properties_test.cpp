@@ -1,0 +1,194 @@
+#include "sixpane/frm_object_properties.h"
+#include "tests/sixpane/six_pane_fixture.h"
+
+namespace quorel::sixpane {
+namespace {
+
+using Cells = std::vector<std::vector<std::u16string>>;
+
+struct PropertiesTest : SixPaneTest {
+    /// Expects the properties window, keeps what it shows and lets the user close it.
+    void expectProperties(std::function<void(ui::Form&)> user = {}) {
+        world.desktop.expectModal(u"frmObjectProperties", [this, user = std::move(user)](ui::Form& window) {
+            auto& list = headless::get<ui::VirtualList>(window, u"PropertyList");
+            shown = world.user.look(list, 0, list.rowCount());
+            title = window.text();
+            if (user)
+                user(window);
+            else
+                world.user.click(window, u"CloseButton");
+        });
+    }
+    Cells shown;
+    std::u16string title;
+};
+
+TEST_F(PropertiesTest, DoubleClickShowsANodesProperties) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    expectProperties();
+    doubleClick(u"SourceNode", kFirst);
+    world.desktop.verify();
+    EXPECT_EQ(shown,
+              (Cells{{u"name", u"Anna"}, {u"Identifier", u"id1"}, {u"Parent", u"Person"}, {u"Age", u"40"}}));
+    EXPECT_EQ(title, u"Anna - Properties");
+}
+
+TEST_F(PropertiesTest, DoubleClickShowsALinksEndsToo) {
+    open();
+    click(u"MetaLink", kFirst);
+    expectProperties();
+    doubleClick(u"Link", kFirst);
+    world.desktop.verify();
+    EXPECT_EQ(shown, (Cells{{u"name", u"a"},
+                            {u"Identifier", u"id6"},
+                            {u"Parent", u"WorksFor"},
+                            {u"source", u"Anna"},
+                            {u"target", u"Acme"},
+                            {u"Since", u"1999"}}));
+}
+
+TEST_F(PropertiesTest, UnchangedNodeLeavesThePaneAsItIs) {
+    open();
+    click(u"TargetMetaNode", kFirst);
+    expectProperties();
+    model.script->restart();
+    doubleClick(u"TargetNode", kFirst);
+    const auto& log = model.script->log;
+    EXPECT_EQ(std::count(log.begin(), log.end(), u"Person.Extension"), 0);
+    EXPECT_EQ(selected(u"TargetNode"), Object(model.anna));
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, NodeThatChangedMeanwhileIsRefilledAndSelectedAgain) {
+    open();
+    for (const auto& [metaPane, nodePane] :
+         {std::pair{u"SourceMetaNode", u"SourceNode"}, std::pair{u"TargetMetaNode", u"TargetNode"}}) {
+        click(metaPane, kFirst);
+        click(metaPane == std::u16string_view(u"SourceMetaNode") ? u"TargetMetaNode" : u"SourceMetaNode",
+              kSecond);
+        expectProperties([&](ui::Form& window) {
+            model.ben->shownName += u" the second";
+            world.user.press(window, {ui::Key::Escape});
+        });
+        model.script->restart();
+        doubleClick(nodePane, kSecond);
+        const auto& log = model.script->log;
+        EXPECT_EQ(std::count(log.begin(), log.end(), u"Person.Extension"), 1);
+        EXPECT_EQ(std::count(log.begin(), log.end(), u"Company.Extension"), 0);
+        EXPECT_EQ(selected(nodePane), Object(model.ben));
+    }
+    EXPECT_EQ(world.user.look(pane(u"TargetNode").list(), 1, 1)[0][0], u"Ben the second the second");
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, RefillShowsTheNodesTypeEvenIfAnotherWasSelectedMeanwhile) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    expectProperties([&](ui::Form& window) {
+        model.anna->shownName = u"Anne";
+        pane(u"SourceMetaNode").setSelectedObject(model.city);
+        world.user.click(window, u"CloseButton");
+    });
+    doubleClick(u"SourceNode", kFirst);
+    EXPECT_EQ(selected(u"SourceMetaNode"), Object(model.person));
+    EXPECT_EQ(selected(u"SourceNode"), Object(model.anna));
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, EnterOpensThePropertiesOfTheSelectedRow) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    click(u"SourceNode", kSecond);
+    expectProperties();
+    pane(u"SourceNode").list().focus();
+    world.user.press(*form, {ui::Key::Enter});
+    EXPECT_EQ(shown.at(0).at(1), u"Ben");
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, MenuShowsTheTypeThatIsSelected) {
+    open();
+    click(u"MetaLink", kFirst);
+    pane(u"MetaLink").list().focus();
+    expectProperties();
+    world.user.chooseMenu(*form, u"mnuProperties");
+    EXPECT_EQ(
+        shown,
+        (Cells{
+            {u"name", u"WorksFor"}, {u"source", u"Person"}, {u"target", u"Company"}, {u"Since", u"String"}}));
+    pane(u"SourceMetaNode").list().focus();
+    expectProperties();
+    world.user.press(*form, {ui::Key::Enter, ui::Modifiers::Alt});
+    EXPECT_EQ(shown, (Cells{{u"name", u"Person"}, {u"Age", u"Integer"}}));
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, MenuDoesNothingWhereNothingIsSelected) {
+    open();
+    pane(u"Link").list().focus();
+    world.user.chooseMenu(*form, u"mnuProperties");
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, RowsAreCopiedWithTheirHeader) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    expectProperties([&](ui::Form& window) {
+        auto& list = headless::get<ui::VirtualList>(window, u"PropertyList");
+        world.user.press(window, {ui::key('C'), ui::Modifiers::Control});
+        EXPECT_EQ(world.desktop.clipboardText(),
+                  u"Property\tValue\r\nname\tAnna\r\nIdentifier\tid1\r\nParent\tPerson\r\nAge\t40\r\n");
+        world.user.selectRow(list, 3);
+        world.user.chooseContextMenu(list, u"Copy");
+        EXPECT_EQ(world.desktop.clipboardText(), u"Property\tValue\r\nAge\t40\r\n");
+        world.user.resize(window, {ui::Twips{9000}, ui::Twips{6000}});
+        EXPECT_LT(list.bounds().right(), ui::Twips{9000});
+        world.user.press(window, {ui::Key::Enter});
+    });
+    doubleClick(u"SourceNode", kFirst);
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, UnreadablePropertyIsReportedAndTheWindowStaysUsable) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    model.script->onCall = [](const std::u16string& call) {
+        if (call == u"id1.GetProperty")
+            throw automation::Error(1001, u"Locked", u"Repository");
+    };
+    world.expectBox();
+    doubleClick(u"SourceNode", kFirst);
+    world.desktop.verify();
+    EXPECT_EQ(lastPlace(), u"SixPane/DisplayObject");
+    model.script->onCall = {};
+    expectProperties();
+    doubleClick(u"SourceNode", kFirst);
+    world.desktop.verify();
+}
+
+TEST_F(PropertiesTest, BrowserThatIsUnloadedTakesThePropertiesWithIt) {
+    open();
+    click(u"SourceMetaNode", kFirst);
+    expectProperties([this](ui::Form& window) {
+        form->unload();
+        EXPECT_FALSE(window.isVisible());
+    });
+    doubleClick(u"SourceNode", kFirst);
+    world.desktop.verify();
+    EXPECT_EQ(world.desktop.livePeers(), 0U);
+}
+
+TEST(ObjectRows, OddValuesAreShownAsText) {
+    SmallWorld model;
+    model.person->withProperty(u"Data", u"Bytes").withProperty(u"None", u"String");
+    model.anna->values[u"Data"] = automation::Bytes{{1, 2, 3}, 0};
+    model.anna->values[u"None"] = automation::Value::null();
+    const auto rows = readObjectRows(model.anna, ObjectKind::Node);
+    ASSERT_EQ(rows.size(), 6U);
+    EXPECT_EQ(rows[4], (ObjectRow{u"Data", u"3 bytes"}));
+    EXPECT_EQ(rows[5], (ObjectRow{u"None", u""}));
+}
+
+}  // namespace
+}  // namespace quorel::sixpane
