@@ -3,6 +3,7 @@
 #include "hosts/scripthost/console.h"
 #include "hosts/scripthost/script_errors.h"
 #include "platform/automation/error.h"
+#include "platform/win32/com/failures.h"
 #include "platform/win32/system_error.h"
 
 namespace quorel::scripthost {
@@ -10,8 +11,6 @@ namespace quorel::scripthost {
 namespace {
 
 constexpr const wchar_t* kHostName = L"WScript";
-constexpr auto kReported = static_cast<HRESULT>(0x80020101);  // SCRIPT_E_REPORTED
-
 }  // namespace
 
 /// What the engine asks of its host.
@@ -20,7 +19,8 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindo
     explicit ScriptSite(const std::u16string& file) : file_(file) {}
 
     void setHost(IDispatch* host) { host_ = win32::ComPtr<IDispatch>(host); }
-    [[nodiscard]] bool failed() const noexcept { return failed_; }
+    /// The error told of last. It is the script's end only when the script itself fails.
+    [[nodiscard]] const std::u16string& lastError() const noexcept { return lastError_; }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
         *result = nullptr;
@@ -59,10 +59,13 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindo
     STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
     STDMETHODIMP OnStateChange(SCRIPTSTATE) override { return S_OK; }
+    /// Engines tell of every error that leaves a script, also of one in a member that a component called,
+    /// which may well handle it: it gets the number (by this answer) and the texts.
     STDMETHODIMP OnScriptError(IActiveScriptError* error) override {
-        failed_ = true;
-        writeLine(Stream::Errors, describe(*error, file_));
-        return S_OK;
+        const automation::Error told = errorOf(*error);
+        lastError_ = describe(*error, told, file_);
+        win32::leaveErrorInfo(IID_IDispatch, told.description(), told.source());
+        return E_FAIL;
     }
     STDMETHODIMP OnEnterScript() override { return S_OK; }
     STDMETHODIMP OnLeaveScript() override { return S_OK; }
@@ -78,8 +81,8 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindo
 
     std::u16string file_;
     win32::ComPtr<IDispatch> host_;
+    std::u16string lastError_;
     ULONG count_ = 0;
-    bool failed_ = false;
 };
 
 ScriptEngine::ScriptEngine(const wchar_t* language, std::u16string file)
@@ -104,16 +107,15 @@ bool ScriptEngine::run(const std::u16string& source, IDispatch& host) {
         throw win32::errorFromStatus(E_NOINTERFACE, u"starting the script engine");
     win32::check(parser->InitNew(), u"starting the script engine");
     win32::check(engine_->AddNamedItem(kHostName, SCRIPTITEM_ISVISIBLE), u"starting the script engine");
+    // In an engine that runs already the text is run at once, and its failure is the call's.
+    win32::check(engine_->SetScriptState(SCRIPTSTATE_CONNECTED), u"starting the script engine");
     EXCEPINFO failure{};
-    HRESULT status = parser->ParseScriptText(win32::wide(source), nullptr, nullptr, nullptr, 0, 0,
-                                             SCRIPTTEXT_ISVISIBLE, nullptr, &failure);
+    const HRESULT status = parser->ParseScriptText(win32::wide(source), nullptr, nullptr, nullptr, 0, 0,
+                                                   SCRIPTTEXT_ISVISIBLE, nullptr, &failure);
     if (SUCCEEDED(status))
-        status = engine_->SetScriptState(SCRIPTSTATE_STARTED);
-    if (FAILED(status) && !site_->failed() && status != kReported) {
-        writeLine(Stream::Errors, describe(status, file_));
-        return false;
-    }
-    return !site_->failed() && SUCCEEDED(status);
+        return true;
+    writeLine(Stream::Errors, site_->lastError().empty() ? describe(status, file_) : site_->lastError());
+    return false;
 }
 
 }  // namespace quorel::scripthost

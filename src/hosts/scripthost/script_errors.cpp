@@ -28,16 +28,20 @@ std::u16string lineOf(const automation::Error& error) {
 
 }  // namespace
 
-std::u16string describe(IActiveScriptError& error, const std::u16string& file) {
+automation::Error errorOf(IActiveScriptError& error) {
+    EXCEPINFO failure{};
+    error.GetExceptionInfo(&failure);
+    return win32::errorOfInvoke(DISP_E_EXCEPTION, failure);
+}
+
+std::u16string describe(IActiveScriptError& place, const automation::Error& error,
+                        const std::u16string& file) {
     DWORD context = 0;
     ULONG line = 0;
     LONG column = 0;
-    EXCEPINFO failure{};
-    error.GetSourcePosition(&context, &line, &column);
-    error.GetExceptionInfo(&failure);
-    const std::u16string place =
-        file + u"(" + decimal(std::int64_t{line} + 1) + u", " + decimal(std::int64_t{column} + 1) + u") ";
-    return place + lineOf(win32::errorOfInvoke(DISP_E_EXCEPTION, failure));
+    place.GetSourcePosition(&context, &line, &column);
+    return file + u"(" + decimal(std::int64_t{line} + 1) + u", " + decimal(std::int64_t{column} + 1) + u") " +
+           lineOf(error);
 }
 
 std::u16string describe(HRESULT status, const std::u16string& file) {

@@ -54,10 +54,14 @@ void freeTexts(EXCEPINFO& failure) noexcept {
 Error makeError(HRESULT status, std::u16string description, std::u16string source) {
     const std::int32_t number = errorNumberOf(status);
     if (description.empty())
-        return number == status
-                   ? errorFromStatus(status, source)
-                   : Error(number, std::u16string(standardDescription(number)), std::move(source));
+        description = number == status ? errorFromStatus(status, u"Automation error").description()
+                                       : standardDescription(number);
     return {number, std::move(description), std::move(source)};
+}
+
+/// Codes by which the dispatching itself fails; no texts belong to them.
+bool isDispatchStatus(HRESULT status) noexcept {
+    return (static_cast<DWORD>(status) & 0xFFFFFF00U) == 0x80020000U;
 }
 
 std::u16string_view sourceOf(const Error& error) {
@@ -84,14 +88,14 @@ std::int32_t errorNumberOf(HRESULT status) noexcept {
 }
 
 Error errorOfInvoke(HRESULT status, EXCEPINFO& failure) {
-    if (status == DISP_E_EXCEPTION) {
-        if (failure.pfnDeferredFillIn != nullptr)
-            failure.pfnDeferredFillIn(&failure);
-        if (failure.scode != S_OK)
-            status = failure.scode;
-        else if (failure.wCode != 0)
-            status = static_cast<HRESULT>(kRuntimeErrors + failure.wCode);
-    }
+    if (status != DISP_E_EXCEPTION)
+        return isDispatchStatus(status) ? makeError(status, {}, {}) : errorOfCall(status);
+    if (failure.pfnDeferredFillIn != nullptr)
+        failure.pfnDeferredFillIn(&failure);
+    if (failure.scode != S_OK)
+        status = failure.scode;
+    else if (failure.wCode != 0)
+        status = static_cast<HRESULT>(kRuntimeErrors + failure.wCode);
     std::u16string description(viewOf(failure.bstrDescription));
     std::u16string source(viewOf(failure.bstrSource));
     freeTexts(failure);
@@ -107,6 +111,17 @@ Error errorOfCall(HRESULT status) {
     info->GetDescription(description.out());
     info->GetSource(source.out());
     return makeError(status, std::u16string(viewOf(description.get())), std::u16string(viewOf(source.get())));
+}
+
+void leaveErrorInfo(const GUID& iid, std::u16string_view description, std::u16string_view source) {
+    ComPtr<ICreateErrorInfo> creation;
+    if (FAILED(::CreateErrorInfo(creation.out())))
+        return;
+    creation->SetGUID(iid);
+    creation->SetDescription(makeBstr(description).get());
+    creation->SetSource(makeBstr(source).get());
+    if (const auto info = creation.as<IErrorInfo>())
+        ::SetErrorInfo(0, info.get());
 }
 
 HRESULT reportInvoke(EXCEPINFO* failure) noexcept {
@@ -128,14 +143,7 @@ HRESULT reportInvoke(EXCEPINFO* failure) noexcept {
 HRESULT reportCall(const GUID& iid) noexcept {
     try {
         const Error error = automation::currentError();
-        ComPtr<ICreateErrorInfo> creation;
-        if (SUCCEEDED(::CreateErrorInfo(creation.out()))) {
-            creation->SetGUID(iid);
-            creation->SetDescription(makeBstr(error.description()).get());
-            creation->SetSource(makeBstr(sourceOf(error)).get());
-            if (const auto info = creation.as<IErrorInfo>())
-                ::SetErrorInfo(0, info.get());
-        }
+        leaveErrorInfo(iid, error.description(), sourceOf(error));
         return statusOf(error);
     } catch (...) {
         return E_OUTOFMEMORY;

@@ -1,3 +1,5 @@
+#include <dispex.h>
+
 #include <array>
 #include <memory>
 #include <vector>
@@ -25,7 +27,9 @@ using automation::MemberId;
 using automation::Value;
 namespace numbers = automation::error_number;
 
-constexpr HRESULT kFunctionExpected = static_cast<HRESULT>(0x800A138A);
+constexpr auto kFunctionExpected = static_cast<HRESULT>(0x800A138A);
+/// The script told its host of an error and tells its caller nothing more.
+constexpr auto kScriptReported = static_cast<HRESULT>(0x80020101);
 
 IDispatch* dispatchOf(void* instance) noexcept {
     return static_cast<IDispatch*>(instance);
@@ -36,6 +40,7 @@ struct Outcome {
     HRESULT status = S_OK;
     EXCEPINFO failure{};
     Variant result;
+    bool ofScript = false;
 
     [[nodiscard]] Error error() { return errorOfInvoke(status, failure); }
     /// The run-time error number, without taking the texts.
@@ -57,11 +62,28 @@ void attempt(IDispatch* dispatch, MemberId id, WORD flags, DISPPARAMS& parameter
                          wantsResult ? outcome.result.out() : nullptr, &outcome.failure, &argument);
 }
 
+/// The member holds data of a script and was called. An error that the script kept to itself, or has no name
+/// for, may be any.
+bool mayBeNoFunction(const Outcome& outcome) noexcept {
+    const HRESULT status = outcome.status == DISP_E_EXCEPTION ? outcome.failure.scode : outcome.status;
+    return status == kFunctionExpected || status == kScriptReported || (status == E_FAIL && outcome.ofScript);
+}
+
+/// A method of a script object, which reading it gives: the error came from within it then.
+bool isScriptFunction(const VARIANT& value) noexcept {
+    if (V_VT(&value) != VT_DISPATCH || V_DISPATCH(&value) == nullptr)
+        return false;
+    wchar_t apply[] = L"apply";
+    LPOLESTR name = apply;
+    DISPID id = DISPID_UNKNOWN;
+    return SUCCEEDED(V_DISPATCH(&value)->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id));
+}
+
 /// Objects that cannot be called and read in one request, or that know only one way to assign.
 WORD otherFlags(WORD flags, const CallFrame& frame, const Outcome& outcome) noexcept {
     const bool refused = outcome.number() == numbers::kMemberNotSupported ||
                          outcome.status == DISP_E_BADPARAMCOUNT || outcome.status == E_NOTIMPL ||
-                         (outcome.status == DISP_E_EXCEPTION && outcome.failure.scode == kFunctionExpected);
+                         mayBeNoFunction(outcome);
     if (!refused)
         return 0;
     if (flags == (DISPATCH_METHOD | DISPATCH_PROPERTYGET) && frame.empty())
@@ -145,10 +167,11 @@ Value ForeignBinding::invokeWithArguments(IDispatch* dispatch, MemberId id, WORD
 
 Value ForeignBinding::recover(IDispatch* dispatch, MemberId id, WORD flags, CallFrame& frame,
                               Outcome& first) const {
+    first.ofScript = static_cast<bool>(ComPtr<IDispatch>(dispatch).as<IDispatchEx>());
     if (const WORD other = otherFlags(flags, frame, first)) {
         Outcome second;
         attempt(dispatch, id, other, frame.parameters(), second);
-        if (SUCCEEDED(second.status)) {
+        if (SUCCEEDED(second.status) && !(mayBeNoFunction(first) && isScriptFunction(*second.result))) {
             frame.writeBack();
             return takeVariant(*second.result);
         }
@@ -157,7 +180,8 @@ Value ForeignBinding::recover(IDispatch* dispatch, MemberId id, WORD flags, Call
         Outcome property;
         DISPPARAMS none{};
         attempt(dispatch, id, DISPATCH_PROPERTYGET, none, property);
-        if (SUCCEEDED(property.status) && V_VT(property.result.get()) == VT_DISPATCH) {
+        if (SUCCEEDED(property.status) && V_VT(property.result.get()) == VT_DISPATCH &&
+            !isScriptFunction(*property.result)) {
             const automation::Object holder = takeVariant(*property.result).toObject();
             return holder.invoke(MemberId::Default, InvokeKind::Call, frame.arguments());
         }
