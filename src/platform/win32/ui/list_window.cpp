@@ -99,11 +99,6 @@ HWND ListWindow::header() const noexcept {
     return reinterpret_cast<HWND>(::SendMessageW(handle(), LVM_GETHEADER, 0, 0));
 }
 
-std::optional<std::size_t> ListWindow::nativeSelection() const noexcept {
-    const LRESULT row = ::SendMessageW(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
-    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
-}
-
 void ListWindow::mirror(ui::Change changes) {
     const Flagged mirroring(mirroring_);
     NativeWindow::mirror(changes & static_cast<ui::Change>(~static_cast<std::uint32_t>(ui::Change::Text)));
@@ -162,18 +157,19 @@ void ListWindow::mirrorRows() {
         send(LVM_ENSUREVISIBLE, 0, FALSE);
 }
 
-void ListWindow::mirrorSelection() const {
+/// Row by row: to select none by the number of all rows costs a step for each of them.
+void ListWindow::mirrorSelection() {
     const std::optional<std::size_t> wanted = list().selectedRow();
-    if (wanted == nativeSelection())
-        return;
     LVITEMW item{};
     item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-    if (!wanted)
-        return;
-    item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    send(LVM_SETITEMSTATE, *wanted, reinterpret_cast<LPARAM>(&item));
-    send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*wanted));
+    if (selection_ && selection_ != wanted)
+        send(LVM_SETITEMSTATE, *selection_, reinterpret_cast<LPARAM>(&item));
+    if (wanted) {
+        item.state = LVIS_SELECTED | LVIS_FOCUSED;
+        send(LVM_SETITEMSTATE, *wanted, reinterpret_cast<LPARAM>(&item));
+        send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*wanted));
+    }
+    selection_ = wanted;
 }
 
 void ListWindow::scrollToSelection() const {

@@ -41,7 +41,7 @@ class ListWindow : public NativeWindow {
     void mirrorColumns();
     void mirrorColumn(std::size_t index) const;
     void mirrorRows();
-    void mirrorSelection() const;
+    void mirrorSelection();
     void scrollToSelection() const;
     void mirrorColours() const;
     [[nodiscard]] ui::Colour ground() const noexcept;
@@ -55,10 +55,11 @@ class ListWindow : public NativeWindow {
     void report();
 
     [[nodiscard]] HWND header() const noexcept;
-    [[nodiscard]] std::optional<std::size_t> nativeSelection() const noexcept;
     [[nodiscard]] ui::VirtualList& list() const noexcept { return static_cast<ui::VirtualList&>(*control()); }
 
     ImageList spacer_;
+    /// The row that the HWND has selected, from what it tells: asking it costs a step for each row.
+    std::optional<std::size_t> selection_;
     Noted noted_;
     int serving_ = 0;
     bool mirroring_ = false;

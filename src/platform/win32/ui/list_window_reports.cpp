@@ -23,9 +23,6 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
         case LVN_ITEMCHANGED:
             noteSelection(reinterpret_cast<const NMLISTVIEW&>(header));
             return 0;
-        case LVN_ODSTATECHANGED:
-            noted_.selection = noted_.selection || !mirroring_;
-            return 0;
         case NM_CLICK:
             noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressSelected_;
             return 0;
@@ -89,9 +86,15 @@ LRESULT ListWindow::find(const NMLVFINDITEMW& wanted) const {
     return found ? static_cast<LRESULT>(*found) : -1;
 }
 
+/// Row -1 stands for all rows.
 void ListWindow::noteSelection(const NMLISTVIEW& change) {
-    const bool selected = ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0;
-    if (selected && !mirroring_)
+    if (((change.uOldState ^ change.uNewState) & LVIS_SELECTED) == 0)
+        return;
+    if ((change.uNewState & LVIS_SELECTED) != 0 && change.iItem >= 0)
+        selection_ = static_cast<std::size_t>(change.iItem);
+    else if (change.iItem < 0 || selection_ == static_cast<std::size_t>(change.iItem))
+        selection_.reset();
+    if (!mirroring_)
         noted_.selection = pressSelected_ = true;
 }
 
@@ -129,7 +132,7 @@ void ListWindow::report() {
     if (alive() && noted.columnClick)
         list().userClickedColumn(*noted.columnClick);
     if (alive() && (noted.selection || noted.click)) {
-        const std::optional<std::size_t> row = nativeSelection();
+        const std::optional<std::size_t> row = selection_;
         if (row != list().selectedRow() || (noted.click && row))
             list().userSelected(row);
     }
@@ -140,9 +143,8 @@ void ListWindow::report() {
 POINT ListWindow::contextPoint() const {
     RECT row{};
     row.left = LVIR_LABEL;
-    const std::optional<std::size_t> selected = nativeSelection();
-    if (selected &&
-        ::SendMessageW(handle(), LVM_GETITEMRECT, *selected, reinterpret_cast<LPARAM>(&row)) != FALSE)
+    if (selection_ &&
+        ::SendMessageW(handle(), LVM_GETITEMRECT, *selection_, reinterpret_cast<LPARAM>(&row)) != FALSE)
         return {row.left + 8, row.bottom};
     return NativeWindow::contextPoint();
 }
