@@ -158,6 +158,20 @@ TEST_F(ListViewTest, AHostMayEmptyTheListWhileAnObjectIsLookedFor) {
     EXPECT_FALSE(view.selectedObject());
 }
 
+TEST_F(ListViewTest, AHostMayRefillTheListWithMoreWhileItIsSorted) {
+    Model larger(500);
+    model.nodes[5]->with(u"name", Member([&](std::span<Argument>) {
+                             view.fillWithExtension(larger.metaNode, true);
+                             return Value(u"node5");
+                         }));
+    fill();
+    user.clickColumn(view.list(), 0);
+    EXPECT_EQ(view.count(), 500U);
+    EXPECT_EQ(look(498, 2), (Rows{{u"node498", u"v498", u"10"}, {u"node499", u"v499", u"6"}}));
+    EXPECT_EQ(view.list().columns()[0].sort, ui::SortOrder::None);
+    view.empty();
+}
+
 TEST_F(ListViewTest, AHostMayDestroyTheFormWhileItIsSorted) {
     model.nodes[5]->with(u"name", Member([this](std::span<Argument>) {
                              form.reset();
