@@ -26,8 +26,8 @@ choose() {
     click_on "$1" "$2" "$3"
 }
 
-# screenshot FILE: of the whole screen, once the windows have painted.
+# screenshot FILE: of what stands on the screen's black ground, once the windows have painted.
 screenshot() {
     sleep 0.7
-    import -silent -window root "$1"
+    import -silent -window root -trim +repage "$1"
 }

@@ -19,8 +19,12 @@ setup_prefix() {
     DISPLAY='' run_windows 120 wineboot --init >"$logs/wine.log" 2>&1 || fail "Wine did not start; see $logs/wine.log"
     # A crash must end a program, not wait for a click.
     run_windows 60 reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >>"$logs/wine.log" 2>&1
-    # ClearType looks out of place in pictures; grey smoothing does not.
-    run_windows 60 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /t REG_SZ /d 2 /f >>"$logs/wine.log" 2>&1
+    # Wine's own Tahoma is a bitmap font at window sizes; an outline font with grey smoothing reads better.
+    {
+        run_windows 60 reg add 'HKCU\Software\Wine\Fonts\Replacements' /v Tahoma /t REG_SZ /d 'Liberation Sans' /f
+        run_windows 60 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /t REG_SZ /d 2 /f
+        run_windows 60 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 1 /f
+    } >>"$logs/wine.log" 2>&1
     touch "$WINEPREFIX/quorel-ready"
 }
 
