@@ -35,6 +35,8 @@ std::u16string WindowClasses::ensure(std::u16string_view wanted) {
     window.style = CS_DBLCLKS;
     window.lpfnWndProc = ::DefWindowProcW;
     window.hInstance = module_;
+    // The module's first icon, if it carries one.
+    window.hIcon = ::LoadIconW(module_, MAKEINTRESOURCEW(1));
     window.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
     window.lpszClassName = wide(name);
     if (::RegisterClassExW(&window) == 0)
