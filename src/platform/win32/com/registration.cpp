@@ -134,8 +134,10 @@ void unregisterLibrary(const ComTypeLibrary& library, RegistrationScope scope) {
         status = userFunction<Unregister>("UnRegisterTypeLibForUser")(
             library.libid, library.major, library.minor, LOCALE_NEUTRAL, SYS_WIN64);
     }
-    if (FAILED(status) && status != TYPE_E_REGISTRYACCESS &&
-        status != HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND))
+    Bstr path;
+    const bool stillThere = SUCCEEDED(
+        ::QueryPathOfRegTypeLib(library.libid, library.major, library.minor, LOCALE_NEUTRAL, path.out()));
+    if (FAILED(status) && stillThere)
         throw errorFromStatus(status, u"removing the type library");
 }
 

@@ -1,0 +1,159 @@
+// Hosts that call through the published interfaces.
+
+#include <gtest/gtest.h>
+
+#include "platform/automation/calls.h"
+#include "platform/win32/com/bridge.h"
+#include "platform/win32/com/failures.h"
+#include "server/QuorelUtility.h"
+#include "tests/server/server_dll.h"
+
+namespace quorel::server::testing {
+namespace {
+
+using win32::Bstr;
+using win32::ComPtr;
+using win32::makeBstr;
+using win32::Variant;
+using win32::viewOf;
+
+constexpr auto kNotSet = static_cast<HRESULT>(0x800A005B);
+
+class EarlyBound : public ::testing::Test {
+  protected:
+    ServerDll dll;
+};
+
+TEST_F(EarlyBound, MakesIdentifiers) {
+    const auto generator = dll.create<IUUIDGenerator>(__uuidof(::UUIDGenerator));
+    ASSERT_TRUE(generator);
+    Variant nothing;
+    EXPECT_EQ(generator->Create(nothing.out()), S_OK);
+    EXPECT_EQ(V_VT(nothing.get()), VT_EMPTY);
+    EXPECT_EQ(generator->Init(makeBstr(u"Early").get(), nothing.out()), S_OK);
+    Bstr first;
+    Bstr second;
+    ASSERT_EQ(generator->GetUUID(first.out()), S_OK);
+    ASSERT_EQ(generator->GetUUID(second.out()), S_OK);
+    const std::u16string text(viewOf(first.get()));
+    EXPECT_EQ(text.substr(0, 3), u"ID:");
+    EXPECT_EQ(text.substr(8, 8), u":Early::");
+    EXPECT_EQ(text.substr(text.size() - 12), u"::0000000002");
+    EXPECT_TRUE(viewOf(second.get()).ends_with(u"::0000000003"));
+    EXPECT_EQ(generator->Deinit(nothing.out()), S_OK);
+    EXPECT_EQ(generator->Destroy(nothing.out()), S_OK);
+}
+
+TEST_F(EarlyBound, AsksForNames) {
+    const auto dialog = dll.create<INameEdit>(__uuidof(::NameEdit));
+    ASSERT_TRUE(dialog);
+    ASSERT_EQ(dialog->Create(), S_OK);
+    Bstr caption = makeBstr(u"Caption");
+    BSTR variable = caption.get();
+    EXPECT_EQ(dialog->Caption(&variable), S_OK);
+    EXPECT_EQ(variable, caption.get());
+    EXPECT_EQ(dialog->put_name(makeBstr(u"proposed").get()), S_OK);
+    Bstr name;
+    EXPECT_EQ(dialog->get_name(name.out()), S_OK);
+    EXPECT_EQ(viewOf(name.get()), u"proposed");
+    VARIANT_BOOL ok = VARIANT_TRUE;
+    EXPECT_EQ(dialog->IsOk(&ok), S_OK);
+    EXPECT_EQ(ok, VARIANT_FALSE);
+    EXPECT_EQ(dialog->Destroy(), S_OK);
+    EXPECT_EQ(dialog->Destroy(), S_OK);
+}
+
+TEST_F(EarlyBound, AnythingBeforeCreateIsError91) {
+    const auto pane = dll.create<ISixPane>(__uuidof(::SixPane));
+    ASSERT_TRUE(pane);
+    Variant result;
+    Bstr text;
+    IDispatch* object = nullptr;
+    EXPECT_EQ(pane->PopUp(VARIANT_TRUE), kNotSet);
+    EXPECT_EQ(pane->Conceal(), kNotSet);
+    EXPECT_EQ(pane->Init(result.out()), kNotSet);
+    EXPECT_EQ(pane->Populate(result.out()), kNotSet);
+    EXPECT_EQ(pane->get_Path(text.out()), kNotSet);
+    EXPECT_EQ(pane->get_Repository(&object), kNotSet);
+    EXPECT_EQ(pane->putref_Repository(nullptr), kNotSet);
+    EXPECT_EQ(pane->SetSelection(&object), kNotSet);
+    EXPECT_EQ(pane->Destroy(), S_OK);
+}
+
+TEST_F(EarlyBound, FailuresComeWithAText) {
+    const auto pane = dll.create<ISixPane>(__uuidof(::SixPane));
+    const auto support = pane.as<ISupportErrorInfo>();
+    ASSERT_TRUE(support);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(ISixPane)), S_OK);
+    ASSERT_EQ(pane->Conceal(), kNotSet);
+    const automation::Error error = win32::errorOfCall(kNotSet);
+    EXPECT_EQ(error.number(), 91);
+    EXPECT_EQ(error.description(), automation::standardDescription(91));
+    EXPECT_EQ(error.source(), u"QuorelUtility");
+}
+
+TEST_F(EarlyBound, NullPointersAreRefused) {
+    const auto generator = dll.create<IUUIDGenerator>(__uuidof(::UUIDGenerator));
+    EXPECT_EQ(generator->GetUUID(nullptr), E_POINTER);
+    const auto dialog = dll.create<INameEdit>(__uuidof(::NameEdit));
+    ASSERT_EQ(dialog->Create(), S_OK);
+    EXPECT_EQ(dialog->Caption(nullptr), E_POINTER);
+    EXPECT_EQ(dialog->put_name(nullptr), S_OK);
+    EXPECT_EQ(dialog->Destroy(), S_OK);
+}
+
+TEST_F(EarlyBound, BothBindingsAreOneObject) {
+    const auto generator = dll.create<IUUIDGenerator>(__uuidof(::UUIDGenerator));
+    const auto late = generator.as<IDispatch>();
+    ASSERT_TRUE(late);
+    EXPECT_EQ(late.as<IUnknown>().get(), generator.as<IUnknown>().get());
+    EXPECT_FALSE(late.as<INameEdit>());
+    Variant nothing;
+    generator->Init(makeBstr(u"Both").get(), nothing.out());
+    const automation::Object object = win32::fromDispatch(late.get());
+    EXPECT_NE(object.call(u"getuuid").toString().find(u":Both::"), std::u16string::npos);
+}
+
+TEST_F(EarlyBound, DescribesItsPublishedInterface) {
+    const auto first = dll.create<IDispatch>(__uuidof(::UUIDGenerator));
+    const auto second = dll.create<IDispatch>(__uuidof(::UUIDGenerator));
+    ComPtr<ITypeInfo> one;
+    ComPtr<ITypeInfo> other;
+    ASSERT_EQ(first->GetTypeInfo(0, 0, one.out()), S_OK);
+    ASSERT_EQ(second->GetTypeInfo(0, 0, other.out()), S_OK);
+    EXPECT_EQ(one.get(), other.get());
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(one->GetTypeAttr(&attributes), S_OK);
+    EXPECT_EQ(attributes->guid, __uuidof(IUUIDGenerator));
+    one->ReleaseTypeAttr(attributes);
+}
+
+TEST_F(EarlyBound, ObjectsKeepTheLibraryLoaded) {
+    ASSERT_EQ(dll.canUnloadNow(), S_OK);
+    auto dialog = dll.create<INameEdit>(__uuidof(::NameEdit));
+    EXPECT_EQ(dll.canUnloadNow(), S_FALSE);
+    ASSERT_EQ(dialog->Create(), S_OK);
+    ASSERT_EQ(dialog->Destroy(), S_OK);
+    dialog.reset();
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
+}
+
+TEST_F(EarlyBound, LettingGoWithoutDestroyLeavesNothing) {
+    auto pane = dll.create<ISixPane>(__uuidof(::SixPane));
+    ASSERT_EQ(pane->Create(makeBstr(u"pane").get(), nullptr), S_OK);
+    pane.reset();
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
+}
+
+TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
+    for (const GUID& clsid :
+         {__uuidof(::Settings), __uuidof(::Options), __uuidof(::ProgressBar), __uuidof(::SelectItem),
+          __uuidof(::Explorer), __uuidof(::HTExplorer), __uuidof(::Blob), __uuidof(::PropertyEditor),
+          __uuidof(::Progress), __uuidof(::MatrixBrowser), __uuidof(::DirectoryChooser)}) {
+        ComPtr<IClassFactory> factory;
+        EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
+    }
+}
+
+}  // namespace
+}  // namespace quorel::server::testing

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <oaidl.h>
+#include <windows.h>
+
+#include <string>
+
+#include "platform/win32/com/com_ptr.h"
+#include "platform/win32/unique.h"
+
+namespace quorel::server::testing {
+
+/// A file beside the test program.
+[[nodiscard]] std::wstring beside(const wchar_t* file);
+
+/// QuorelUtility.dll as the platform loads it, called through its exports.
+class ServerDll {
+  public:
+    ServerDll();
+
+    [[nodiscard]] HRESULT getClassObject(REFCLSID clsid, REFIID iid, void** object) const;
+    [[nodiscard]] HRESULT canUnloadNow() const;
+    [[nodiscard]] HRESULT registerServer() const;
+    [[nodiscard]] HRESULT unregisterServer() const;
+    [[nodiscard]] HRESULT install(BOOL install, const wchar_t* commandLine) const;
+
+    template <class Interface>
+    [[nodiscard]] win32::ComPtr<Interface> create(REFCLSID clsid) const {
+        win32::ComPtr<IClassFactory> factory;
+        win32::ComPtr<Interface> object;
+        if (SUCCEEDED(getClassObject(clsid, IID_IClassFactory, factory.outVoid())))
+            factory->CreateInstance(nullptr, __uuidof(Interface), object.outVoid());
+        return object;
+    }
+
+  private:
+    win32::ModuleHandle module_;
+};
+
+/// The type library that the DLL carries.
+[[nodiscard]] win32::ComPtr<ITypeLib> loadContract();
+
+}  // namespace quorel::server::testing
