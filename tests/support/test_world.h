@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/environment.h"
+#include "platform/automation/error.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/headless/user.h"
 #include "platform/shell/memory_settings_store.h"
