@@ -27,6 +27,9 @@ class Store {
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;
+    /// From here until `rollback` every read sees the repository as it is now, whatever other programs
+    /// change.
+    virtual void beginSnapshot() = 0;
     /// Prepares for a load of many rows within the transaction that is open: whatever slows a load down and
     /// can be made again at its end is put off until `commit`.
     virtual void expectBulk() = 0;
@@ -109,6 +112,18 @@ class Transaction {
 
   private:
     Store* store_;
+};
+
+/// One consistent view of a store for a long reading.
+class Snapshot {
+  public:
+    explicit Snapshot(Store& store) : store_(store) { store.beginSnapshot(); }
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+    ~Snapshot() { store_.rollback(); }
+
+  private:
+    Store& store_;
 };
 
 }  // namespace quorel::repository

@@ -191,6 +191,7 @@ class Export {
 }  // namespace
 
 JsonCounts exportJsonLines(Store& store, std::ostream& out, const ReportProgress& report) {
+    const Snapshot snapshot(store);
     return Export(store, out, report).run();
 }
 

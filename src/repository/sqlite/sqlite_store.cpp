@@ -42,6 +42,10 @@ void SqliteStore::rollback() noexcept {
     }
 }
 
+void SqliteStore::beginSnapshot() {
+    Run(file_.beginReading).finish();
+}
+
 void SqliteStore::expectBulk() {
     dropReadIndexes(*database_);
     bulk_ = true;

@@ -21,6 +21,7 @@ class SqliteStore final : public Store {
     void begin() override;
     void commit() override;
     void rollback() noexcept override;
+    void beginSnapshot() override;
     void expectBulk() override;
 
     std::vector<RepositoryProperty> repositoryProperties() override;

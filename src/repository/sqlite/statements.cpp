@@ -84,6 +84,7 @@ MetaStatements::MetaStatements(Database& database)
 
 FileStatements::FileStatements(Database& database)
     : begin(database, "BEGIN IMMEDIATE"),
+      beginReading(database, "BEGIN"),
       commit(database, "COMMIT"),
       rollback(database, "ROLLBACK"),
       properties(database, "SELECT name, value FROM repository_property ORDER BY name"),

@@ -67,7 +67,7 @@ struct MetaStatements {
 /// Statements on the repository's own properties and on transactions.
 struct FileStatements {
     explicit FileStatements(Database& database);
-    Statement begin, commit, rollback;
+    Statement begin, beginReading, commit, rollback;
     Statement properties;   // -
     Statement property;     // name
     Statement setProperty;  // name, value
