@@ -78,7 +78,7 @@ test_windows() {
     register_components
     say "Testing under Wine"
     graphics null
-    for program in build/windows/bin/test_*.exe; do
+    for program in build/windows/bin/*_test.exe build/windows/bin/*_tests.exe; do
         run_google_test "$(basename "$program" .exe)" 600 "$program"
     done
     for script in tests/hosts/*.vbs tests/hosts/*.js; do run_script "$(basename "$script")" "$script"; done
