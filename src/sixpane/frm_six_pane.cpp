@@ -151,9 +151,13 @@ void frmSixPane::restorePlacement() {
     const std::optional<Placement> placement = readPlacement(environment_.settings);
     if (!placement)
         return;
-    const ui::Rect window = fitInto(desktop().workArea(), placement->window);
+    const ui::Rect workArea = desktop().workArea();
+    const ui::Point position = placement->position.value_or(ui::Point{workArea.left, workArea.top});
+    const ui::Rect window =
+        fitInto(workArea, {position.x, position.y, placement->size.width, placement->size.height});
     splits_ = placement->splits;
-    setPosition({window.left, window.top});
+    if (placement->position)
+        setPosition({window.left, window.top});
     setClientSize(window.size());
     setMaximized(placement->maximized);
     place();
@@ -164,8 +168,13 @@ void frmSixPane::savePlacement() {
         return;
     Placement placement = readPlacement(environment_.settings).value_or(Placement{});
     // A maximized window's size is the screen's; what it goes back to was written when it was that size.
-    if (!isMaximized() || placement.window.width <= 0_tw)
-        placement.window = {bounds().left, bounds().top, clientSize().width, clientSize().height};
+    if (!isMaximized()) {
+        placement.size = clientSize();
+        if (hasPosition())
+            placement.position = ui::Point{bounds().left, bounds().top};
+    } else if (placement.size.width <= 0_tw) {
+        placement.size = kFirstSize;
+    }
     placement.maximized = isMaximized();
     placement.splits = splits_;
     writePlacement(environment_.settings, placement);

@@ -21,12 +21,10 @@ struct Entry {
     std::int32_t* value;
 };
 
-/// The entries in the order in which they are written.
-std::array<Entry, 9> entriesOf(Placement& placement) {
-    return {{{u"Left", &placement.window.left.value},
-             {u"Top", &placement.window.top.value},
-             {u"Width", &placement.window.width.value},
-             {u"Height", &placement.window.height.value},
+/// The entries that are always there, in the order in which they are written.
+std::array<Entry, 7> entriesOf(Placement& placement) {
+    return {{{u"Width", &placement.size.width.value},
+             {u"Height", &placement.size.height.value},
              {u"FirstColumn", placement.splits.columns.data()},
              {u"SecondColumn", &placement.splits.columns[1]},
              {u"SourceRow", placement.splits.rows.data()},
@@ -44,7 +42,7 @@ std::optional<std::int32_t> readNumber(shell::SettingsStore& settings, std::u16s
 
 bool makesSense(const Placement& placement) noexcept {
     const auto isShare = [](std::int32_t split) { return split >= 0 && split <= 10000; };
-    return placement.window.width.value > 0 && placement.window.height.value > 0 &&
+    return placement.size.width.value > 0 && placement.size.height.value > 0 &&
            std::all_of(placement.splits.columns.begin(), placement.splits.columns.end(), isShare) &&
            std::all_of(placement.splits.rows.begin(), placement.splits.rows.end(), isShare);
 }
@@ -59,6 +57,10 @@ std::optional<Placement> readPlacement(shell::SettingsStore& settings) {
             return std::nullopt;
         *entry.value = *number;
     }
+    const std::optional<std::int32_t> left = readNumber(settings, u"Left");
+    const std::optional<std::int32_t> top = readNumber(settings, u"Top");
+    if (left && top)
+        placement.position = {{*left}, {*top}};
     placement.maximized = readNumber(settings, u"Maximized").value_or(0) != 0;
     return makesSense(placement) ? std::optional(placement) : std::nullopt;
 }
@@ -67,6 +69,10 @@ void writePlacement(shell::SettingsStore& settings, const Placement& placement) 
     Placement copy = placement;
     for (const Entry& entry : entriesOf(copy))
         settings.write(kApplication, kSection, entry.key, automation::decimal(*entry.value));
+    if (placement.position) {
+        settings.write(kApplication, kSection, u"Left", automation::decimal(placement.position->x.value));
+        settings.write(kApplication, kSection, u"Top", automation::decimal(placement.position->y.value));
+    }
     settings.write(kApplication, kSection, u"Maximized", placement.maximized ? u"1" : u"0");
 }
 

@@ -10,7 +10,8 @@ namespace quorel::sixpane {
 
 /// Where the user left the window.
 struct Placement {
-    ui::Rect window;  ///< position of the window and size of its client area, as it is when not maximized
+    std::optional<ui::Point> position;  ///< empty while the window stands where the platform has put it
+    ui::Size size;                      ///< of the client area; like the position, when not maximized
     bool maximized = false;
     Splits splits;
     friend constexpr bool operator==(const Placement&, const Placement&) = default;

@@ -12,7 +12,8 @@ using namespace ui::literals;
 TEST(Placement, ComesBackAsItWasWritten) {
     shell::MemorySettingsStore settings;
     EXPECT_EQ(readPlacement(settings), std::nullopt);
-    const Placement placement{{-300_tw, 450_tw, 12000_tw, 8000_tw}, true, {{2000, 7000}, {1000, 5000, 9000}}};
+    const Placement placement{
+        ui::Point{-300_tw, 450_tw}, {12000_tw, 8000_tw}, true, {{2000, 7000}, {1000, 5000, 9000}}};
     writePlacement(settings, placement);
     EXPECT_EQ(readPlacement(settings), placement);
     EXPECT_EQ(settings.read(u"QuorelUtility", u"frmSixPane", u"Width"), u"12000");
@@ -20,13 +21,24 @@ TEST(Placement, ComesBackAsItWasWritten) {
 
 TEST(Placement, NonsenseIsIgnored) {
     for (const auto& [key, value] :
-         {std::pair{u"Left", u"left"}, std::pair{u"Width", u"0"}, std::pair{u"Height", u"-5"},
-          std::pair{u"Top", u"1e300"}, std::pair{u"FirstColumn", u"10001"}, std::pair{u"LinkRow", u"-1"},
-          std::pair{u"TargetRow", u""}}) {
+         {std::pair{u"Width", u"0"}, std::pair{u"Height", u"-5"}, std::pair{u"FirstColumn", u"10001"},
+          std::pair{u"LinkRow", u"-1"}, std::pair{u"TargetRow", u""}}) {
         shell::MemorySettingsStore settings;
-        writePlacement(settings, {{0_tw, 0_tw, 12000_tw, 8000_tw}, false, {}});
+        writePlacement(settings, {ui::Point{0_tw, 0_tw}, {12000_tw, 8000_tw}, false, {}});
         settings.write(u"QuorelUtility", u"frmSixPane", key, value);
         EXPECT_EQ(readPlacement(settings), std::nullopt) << automation::toUtf8(key);
+    }
+}
+
+TEST(Placement, PositionIsOptional) {
+    shell::MemorySettingsStore settings;
+    const Placement placement{std::nullopt, {12000_tw, 8000_tw}, false, {}};
+    writePlacement(settings, placement);
+    EXPECT_EQ(readPlacement(settings), placement);
+    settings.write(u"QuorelUtility", u"frmSixPane", u"Left", u"150");
+    for (const char16_t* top : {u"top", u"1e300", u""}) {
+        settings.write(u"QuorelUtility", u"frmSixPane", u"Top", top);
+        EXPECT_EQ(readPlacement(settings), placement);
     }
 }
 
@@ -67,9 +79,30 @@ TEST_F(SixPaneTest, MaximizedWindowRemembersWhatItGoesBackTo) {
     const auto placement = readPlacement(world.settings);
     ASSERT_TRUE(placement.has_value());
     EXPECT_TRUE(placement->maximized);
-    EXPECT_EQ(placement->window.size(), (ui::Size{13000_tw, 8500_tw}));
+    EXPECT_EQ(placement->size, (ui::Size{13000_tw, 8500_tw}));
     open();
     EXPECT_TRUE(form->isMaximized());
+}
+
+TEST_F(SixPaneTest, WindowThatWasOnlyEverMaximizedGoesBackToItsFirstSize) {
+    open();
+    const ui::Size first = form->clientSize();
+    form->userMoved({0_tw, 0_tw}, true);
+    world.user.resize(*form, {19000_tw, 14000_tw});
+    form->userClosed();
+    const auto placement = readPlacement(world.settings);
+    ASSERT_TRUE(placement.has_value());
+    EXPECT_EQ(placement->size, first);
+    EXPECT_EQ(placement->position, std::nullopt);
+}
+
+TEST_F(SixPaneTest, WindowThatWasNeverMovedOpensInTheMiddleAgain) {
+    open();
+    world.user.resize(*form, {13000_tw, 8500_tw});
+    form->userClosed();
+    open();
+    EXPECT_FALSE(form->hasPosition());
+    EXPECT_EQ(form->clientSize(), (ui::Size{13000_tw, 8500_tw}));
 }
 
 TEST_F(SixPaneTest, WindowThatWasNeverShownWritesNothing) {
