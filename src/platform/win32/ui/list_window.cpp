@@ -72,6 +72,11 @@ class Flagged {
     return 0;
 }
 
+[[nodiscard]] bool maySelect(UINT message) noexcept {
+    return message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDOWN ||
+           message == WM_KEYDOWN || message == WM_CHAR;
+}
+
 }  // namespace
 
 NativeWindow::Description ListWindow::describe() {
@@ -198,19 +203,55 @@ void ListWindow::rescaled() {
     mirrorColumns();
 }
 
+void ListWindow::setRowSelected(std::size_t row, bool selected) {
+    const Flagged mirroring(mirroring_);
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED;
+    item.state = selected ? LVIS_SELECTED : 0U;
+    send(LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+}
+
 LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
-    if (message == WM_NOTIFY && control() != nullptr) {
-        const auto& notice = *reinterpret_cast<const NMHDR*>(l);
-        if (notice.hwndFrom == header())
-            headerNotified(reinterpret_cast<const NMHEADERW&>(notice));
+    if (control() == nullptr)
+        return NativeWindow::serve(message, w, l);
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->hwndFrom == header())
+        headerNotified(*reinterpret_cast<const NMHEADERW*>(l));
+    if (message == WM_CONTEXTMENU && serving_ > 0) {
+        ::PostMessageW(handle(), message, w, l);  // the row under the mouse is to be reported first
+        return 0;
     }
-    if (message == WM_LBUTTONDOWN)
-        pressSelected_ = false;
     ++serving_;
-    const LRESULT result = NativeWindow::serve(message, w, l);
+    const LRESULT result =
+        maySelect(message) ? serveSelecting(message, w, l) : NativeWindow::serve(message, w, l);
     if (--serving_ == 0)
         report();
     return result;
+}
+
+/// Where the system's list moves its selection it may walk over all of its rows to find the selected one. It
+/// finds none when that one is taken away first; where the list then selects nothing, it is put back.
+LRESULT ListWindow::serveSelecting(UINT message, WPARAM w, LPARAM l) {
+    const bool pressed = message != WM_KEYDOWN && message != WM_CHAR;
+    if (message == WM_LBUTTONDOWN)
+        pressReported_ = false;
+    const std::optional<std::size_t> before = selection_;
+    const bool clears = pressed && !hitsRow(l);
+    if (before)
+        setRowSelected(*before, false);
+    const LRESULT result = NativeWindow::serve(message, w, l);
+    if (control() == nullptr || !before || selection_)
+        return result;
+    if (clears)
+        noted_.selection = true;
+    else
+        setRowSelected(*before, true);
+    return result;
+}
+
+bool ListWindow::hitsRow(LPARAM at) const noexcept {
+    LVHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(at), GET_Y_LPARAM(at)};
+    return ::SendMessageW(handle(), LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) >= 0;
 }
 
 }  // namespace quorel::win32

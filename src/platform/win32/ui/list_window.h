@@ -40,6 +40,9 @@ class ListWindow : public NativeWindow {
     void spaceRows();
     void mirrorColumns();
     void mirrorColumn(std::size_t index) const;
+    void setRowSelected(std::size_t row, bool selected);
+    LRESULT serveSelecting(UINT message, WPARAM w, LPARAM l);
+    [[nodiscard]] bool hitsRow(LPARAM at) const noexcept;
     void mirrorRows();
     void mirrorSelection();
     void scrollToSelection() const;
@@ -64,7 +67,8 @@ class ListWindow : public NativeWindow {
     int serving_ = 0;
     bool mirroring_ = false;
     bool tracking_ = false;
-    bool pressSelected_ = false;  ///< the press of the button has selected, so its release is no second click
+    bool pressReported_ =
+        false;  ///< the press of the button was a selection, so its release is no second one
     int columns_ = 0;
 };
 

@@ -24,7 +24,7 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
             noteSelection(reinterpret_cast<const NMLISTVIEW&>(header));
             return 0;
         case NM_CLICK:
-            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressSelected_;
+            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0;
             return 0;
         case LVN_ITEMACTIVATE:
             noted_.activation = true;
@@ -95,7 +95,7 @@ void ListWindow::noteSelection(const NMLISTVIEW& change) {
     else if (change.iItem < 0 || selection_ == static_cast<std::size_t>(change.iItem))
         selection_.reset();
     if (!mirroring_)
-        noted_.selection = pressSelected_ = true;
+        noted_.selection = true;
 }
 
 void ListWindow::headerNotified(const NMHEADERW& notice) {
@@ -133,7 +133,10 @@ void ListWindow::report() {
         list().userClickedColumn(*noted.columnClick);
     if (alive() && (noted.selection || noted.click)) {
         const std::optional<std::size_t> row = selection_;
-        if (row != list().selectedRow() || (noted.click && row))
+        const bool moved = row != list().selectedRow();
+        const bool again = noted.click && row && !pressReported_;
+        pressReported_ = pressReported_ || moved;
+        if (moved || again)
             list().userSelected(row);
     }
     if (alive() && noted.activation)

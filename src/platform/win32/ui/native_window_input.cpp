@@ -99,6 +99,10 @@ bool NativeWindow::pressKey(WPARAM key) {
         return false;
     if (form->userKeyDown(chord) || control_ == nullptr)
         return true;
+    if (chord == ui::KeyChord{ui::Key::F10, ui::Modifiers::Shift}) {
+        send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle_), -1);
+        return true;
+    }
     if (!isNativePress(*form, chord) && ui::pressDialogKey(*form, accessChord(chord)))
         return true;
     return control_ == nullptr || walkButtons(*form, chord) || dropsKey(chord);

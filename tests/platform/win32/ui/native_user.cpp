@@ -113,15 +113,16 @@ void press(HWND form, ui::KeyChord chord) {
     if (focus == nullptr)
         throw std::runtime_error("no window has the focus");
     const bool alt = has(chord.modifiers, ui::Modifiers::Alt);
+    const bool system = alt || chord.key == ui::Key::F10;
     const auto key = static_cast<WPARAM>(chord.key);
     const UINT scan = ::MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC);
     const LPARAM context = alt ? 1L << 29 : 0;
     const LPARAM down = 1 | static_cast<LPARAM>(scan << 16) | context;
     const HeldModifiers held(chord.modifiers);
-    ::PostMessageW(focus, alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, down);
+    ::PostMessageW(focus, system ? WM_SYSKEYDOWN : WM_KEYDOWN, key, down);
     pump();
     if (::IsWindow(focus) != FALSE && ::GetFocus() != nullptr)
-        ::PostMessageW(::GetFocus(), alt ? WM_SYSKEYUP : WM_KEYUP, key, down | 3LL << 30);
+        ::PostMessageW(::GetFocus(), system ? WM_SYSKEYUP : WM_KEYUP, key, down | 3LL << 30);
     pump();
 }
 
