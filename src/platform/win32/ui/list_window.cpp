@@ -212,6 +212,8 @@ void ListWindow::setRowSelected(std::size_t row, bool selected) {
 }
 
 LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_DESTROY)  // a list that ends may walk over its rows, though it owns none
+        original(LVM_SETITEMCOUNT, 0, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     if (control() == nullptr)
         return NativeWindow::serve(message, w, l);
     if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->hwndFrom == header())
