@@ -211,9 +211,9 @@ const ClassTable& Node::classTable() const {
 }
 
 Object Node::links(const std::u16string& metaLink, Direction direction) {
-    TypeInfo& linkType = repository().type(repository().metaNamed(Kind::Link, metaLink).id);
     if (!repository().store().exists(Kind::Node, id()))
         refuseRemoved();
+    TypeInfo& linkType = repository().linkTypeNamed(metaLink);
     return automation::make<LinkCollection>(Ref<Repository>(&repository()), linkType, direction, id());
 }
 

@@ -209,6 +209,18 @@ TypeInfo& Repository::type(MetaId id) {
     return *known;
 }
 
+TypeInfo& Repository::linkTypeNamed(const std::u16string& name) {
+    if (const std::uint32_t stamp = store().foreignChanges(); stamp != linkTypesStamp_) {
+        linkTypesByName_.clear();
+        linkTypesStamp_ = stamp;
+    }
+    if (const auto found = linkTypesByName_.find(name); found != linkTypesByName_.end())
+        return *found->second;
+    TypeInfo& found = type(metaNamed(Kind::Link, name).id);
+    linkTypesByName_.emplace(name, &found);
+    return found;
+}
+
 void Repository::remember(Node& handle) {
     nodes_.insert(handle);
 }

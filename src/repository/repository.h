@@ -79,6 +79,9 @@ class Repository final : public automation::NativeObject {
     [[nodiscard]] automation::Ref<MetaProperty> metaProperty(MetaObject& owner, const PropertySlot& slot);
     /// Throws when there is no such meta object any more.
     [[nodiscard]] TypeInfo& type(MetaId id);
+    /// The meta link of that name, remembered while no other program changes the file; to be asked right
+    /// behind a read, which notices such changes. Error 9 when there is none.
+    [[nodiscard]] TypeInfo& linkTypeNamed(const std::u16string& name);
     /// Error 9 names the kind and the name when there is none.
     [[nodiscard]] MetaRecord metaNamed(Kind kind, std::u16string_view name);
     /// A handle enters itself when it is made and leaves when it dies.
@@ -110,6 +113,8 @@ class Repository final : public automation::NativeObject {
     IdentityMap<MetaObject> metaObjects_;
     IdentityMap<MetaProperty> metaProperties_;
     std::unordered_map<MetaId, std::unique_ptr<TypeInfo>> types_;
+    std::unordered_map<std::u16string, TypeInfo*> linkTypesByName_;
+    std::uint32_t linkTypesStamp_ = 0;
 };
 
 }  // namespace quorel::repository

@@ -161,6 +161,7 @@ void Repository::deleteDynamicMetaAssoc(const std::u16string& name) {
     Transaction transaction(store());
     const MetaRecord record = dynamicMeta(Kind::Link, name);
     refuseIfUsed(record);
+    linkTypesByName_.clear();
     store().removeMeta(record.id);
     transaction.commit();
 }

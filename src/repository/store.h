@@ -34,6 +34,10 @@ class Store {
     /// can be made again at its end is put off until `commit`.
     virtual void expectBulk() = 0;
 
+    /// A number that is another one once a read has met changes of another program, so that what was learned
+    /// before may be kept while it stays the same.
+    [[nodiscard]] virtual std::uint32_t foreignChanges() = 0;
+
     [[nodiscard]] virtual std::vector<RepositoryProperty> repositoryProperties() = 0;
     [[nodiscard]] virtual std::optional<std::u16string> repositoryProperty(std::u16string_view name) = 0;
     virtual void setRepositoryProperty(std::u16string_view name, std::u16string_view value) = 0;

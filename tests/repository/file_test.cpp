@@ -187,6 +187,33 @@ TEST_F(RepositoryFile, TwoOpeningsOfOneFileSeeEachOthersChanges) {
     EXPECT_NE(node, same);
 }
 
+TEST_F(RepositoryFile, AMetaLinkThatWasMadeAnewElsewhereIsNotTakenForTheOldOne) {
+    create();
+    const auto first = automation::make<Repository>();
+    const auto second = automation::make<Repository>();
+    first->open(folder_.file());
+    second->open(folder_.file());
+    const auto makeLinkType = [&] {
+        first->makeDynamicMetaAssoc(u"Book.Like.Book", u"").put(u"IsPersistent", true);
+    };
+    makeLinkType();
+    first->makeNode(u"Book", u"Emma", u"b");
+    const Object here = first->item(u"Book").get(u"Extension", u"b").toObject();
+    const Object there = second->item(u"Book").get(u"Extension", u"b").toObject();
+    const auto count = [](const Object& node) {
+        return node.get(u"Outgoing_", u"Book.Like.Book").toObject().get(u"Count").toInteger();
+    };
+    EXPECT_EQ(count(there), 0);
+    EXPECT_EQ(count(here), 0);
+    first->deleteDynamicMetaAssoc(u"Book.Like.Book");
+    EXPECT_EQ(errorOf([&] { count(here); }).number(), 9);
+    EXPECT_EQ(errorOf([&] { count(there); }).number(), 9);
+    makeLinkType();
+    first->makeLink(u"Book.Like.Book", u"", u"l", here, here);
+    EXPECT_EQ(count(there), 1);
+    EXPECT_EQ(count(here), 1);
+}
+
 TEST_F(RepositoryFile, TransientTypesOfARunningSessionSurviveAnotherOpening) {
     create();
     const auto first = automation::make<Repository>();

@@ -27,6 +27,9 @@ constexpr std::chrono::sys_days kDayZero = std::chrono::sys_days(std::chrono::De
 std::string numberText(double number) {
     if (std::isinf(number))
         return number > 0 ? "\"Infinity\"" : "\"-Infinity\"";
+    // Readers take "-0" for the integer, which has no sign.
+    if (number == 0 && std::signbit(number))
+        return "-0.0";
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
     return {text.data(), end};

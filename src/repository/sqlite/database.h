@@ -31,7 +31,12 @@ class Database {
         return sqlite3_last_insert_rowid(handle_.get());
     }
     [[nodiscard]] std::int64_t changed() const noexcept { return sqlite3_changes64(handle_.get()); }
-    [[nodiscard]] int lastCode() const noexcept { return sqlite3_extended_errcode(handle_.get()); }
+    /// Changes when a read finds that another connection has written; costs no statement.
+    [[nodiscard]] std::uint32_t dataVersion() const noexcept {
+        std::uint32_t version = 0;
+        sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+        return version;
+    }
 
     [[nodiscard]] const std::u16string& file() const noexcept { return file_; }
     [[nodiscard]] sqlite3* handle() const noexcept { return handle_.get(); }

@@ -23,6 +23,7 @@ class SqliteStore final : public Store {
     void rollback() noexcept override;
     void beginSnapshot() override;
     void expectBulk() override;
+    std::uint32_t foreignChanges() override { return database_->dataVersion(); }
 
     std::vector<RepositoryProperty> repositoryProperties() override;
     std::optional<std::u16string> repositoryProperty(std::u16string_view name) override;
