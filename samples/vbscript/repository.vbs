@@ -1,7 +1,7 @@
 ' Makes a small repository, reads it back and takes it apart again.
 ' quorelscript repository.vbs FILE      (FILE must not exist)
 Option Explicit
-Dim session, information, repository, author, book, wrote, link, removed, property
+Dim session, information, repository, author, book, wrote, link, removed, item, property
 
 Set session = CreateObject("QuorelRepository.Session")
 Set information = session.RepositoryManager.Create(WScript.Arguments(0))
@@ -24,9 +24,9 @@ book.SetProperty "Binding", "Hardcover"
 book.Published = DateSerial(1815, 12, 23)
 Set wrote = repository.MakeLink("Author.Wrote.Book", "", "link-1", author, book)
 
-For Each book In repository.MetaNodes("Book").Extension
-    WScript.Echo book.name & ": " & book.Pages & " pages, " & book.Prop_("Binding") & ", " & Year(book.Published)
-    For Each property In book.Parent.Properties
+For Each item In repository.MetaNodes("Book").Extension
+    WScript.Echo item.name & ": " & item.Pages & " pages, " & item.Prop_("Binding") & ", " & Year(item.Published)
+    For Each property In item.Parent.Properties
         WScript.Echo "  " & property.name & " is of the type " & property.datatype
     Next
 Next
