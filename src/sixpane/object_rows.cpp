@@ -16,12 +16,12 @@ std::u16string nameOf(const Object& object) {
 }
 
 void addEnds(Rows& rows, const Object& object) {
-    rows.push_back({u"source", nameOf(object.get(u"source").toObject())});
-    rows.push_back({u"target", nameOf(object.get(u"target").toObject())});
+    rows.push_back({u"Source", nameOf(object.get(u"source").toObject())});
+    rows.push_back({u"Target", nameOf(object.get(u"target").toObject())});
 }
 
 Rows typeRows(const Object& object, ObjectKind kind) {
-    Rows rows{{u"name", nameOf(object)}};
+    Rows rows{{u"Name", nameOf(object)}};
     if (kind == ObjectKind::MetaLink)
         addEnds(rows, object);
     for (const Object& property : automation::each(object.get(u"Properties").toObject()))
@@ -31,9 +31,9 @@ Rows typeRows(const Object& object, ObjectKind kind) {
 
 Rows instanceRows(const Object& object, ObjectKind kind) {
     const Object type = object.get(u"Parent").toObject();
-    Rows rows{{u"name", nameOf(object)},
+    Rows rows{{u"Name", nameOf(object)},
               {u"Identifier", valueText(object.get(u"Identifier"))},
-              {u"Parent", nameOf(type)}};
+              {u"Type", nameOf(type)}};
     if (kind == ObjectKind::Link)
         addEnds(rows, object);
     for (const Object& property : automation::each(type.get(u"Properties").toObject())) {

@@ -30,7 +30,7 @@ TEST_F(PropertiesTest, DoubleClickShowsANodesProperties) {
     doubleClick(u"SourceNode", kFirst);
     world.desktop.verify();
     EXPECT_EQ(shown,
-              (Cells{{u"name", u"Anna"}, {u"Identifier", u"id1"}, {u"Parent", u"Person"}, {u"Age", u"40"}}));
+              (Cells{{u"Name", u"Anna"}, {u"Identifier", u"id1"}, {u"Type", u"Person"}, {u"Age", u"40"}}));
     EXPECT_EQ(title, u"Anna - Properties");
 }
 
@@ -40,11 +40,11 @@ TEST_F(PropertiesTest, DoubleClickShowsALinksEndsToo) {
     expectProperties();
     doubleClick(u"Link", kFirst);
     world.desktop.verify();
-    EXPECT_EQ(shown, (Cells{{u"name", u"a"},
+    EXPECT_EQ(shown, (Cells{{u"Name", u"a"},
                             {u"Identifier", u"id6"},
-                            {u"Parent", u"WorksFor"},
-                            {u"source", u"Anna"},
-                            {u"target", u"Acme"},
+                            {u"Type", u"WorksFor"},
+                            {u"Source", u"Anna"},
+                            {u"Target", u"Acme"},
                             {u"Since", u"1999"}}));
 }
 
@@ -116,11 +116,11 @@ TEST_F(PropertiesTest, MenuShowsTheTypeThatIsSelected) {
     EXPECT_EQ(
         shown,
         (Cells{
-            {u"name", u"WorksFor"}, {u"source", u"Person"}, {u"target", u"Company"}, {u"Since", u"String"}}));
+            {u"Name", u"WorksFor"}, {u"Source", u"Person"}, {u"Target", u"Company"}, {u"Since", u"String"}}));
     pane(u"SourceMetaNode").list().focus();
     expectProperties();
     world.user.press(*form, {ui::Key::Enter, ui::Modifiers::Alt});
-    EXPECT_EQ(shown, (Cells{{u"name", u"Person"}, {u"Age", u"Integer"}}));
+    EXPECT_EQ(shown, (Cells{{u"Name", u"Person"}, {u"Age", u"Integer"}}));
     world.desktop.verify();
 }
 
@@ -138,7 +138,7 @@ TEST_F(PropertiesTest, RowsAreCopiedWithTheirHeader) {
         auto& list = headless::get<ui::VirtualList>(window, u"PropertyList");
         world.user.press(window, {ui::key('C'), ui::Modifiers::Control});
         EXPECT_EQ(world.desktop.clipboardText(),
-                  u"Property\tValue\r\nname\tAnna\r\nIdentifier\tid1\r\nParent\tPerson\r\nAge\t40\r\n");
+                  u"Property\tValue\r\nName\tAnna\r\nIdentifier\tid1\r\nType\tPerson\r\nAge\t40\r\n");
         world.user.selectRow(list, 3);
         world.user.chooseContextMenu(list, u"Copy");
         EXPECT_EQ(world.desktop.clipboardText(), u"Property\tValue\r\nAge\t40\r\n");

@@ -10,11 +10,11 @@ using automation::Value;
 void ListColumns::reset(RowKind kind) {
     clear();
     kind_ = kind;
-    columns_.push_back({Source::Name, u"name"});
+    columns_.push_back({Source::Name, u"Name"});
     if (kind != RowKind::Links)
         return;
-    columns_.push_back({Source::SourceEnd, u"source"});
-    columns_.push_back({Source::TargetEnd, u"target"});
+    columns_.push_back({Source::SourceEnd, u"Source"});
+    columns_.push_back({Source::TargetEnd, u"Target"});
 }
 
 void ListColumns::addProperty(std::u16string name) {

@@ -108,6 +108,7 @@ void ListView::dropColumns() {
     sortColumn_ = 0;
     view_.clearOrder();
     columns_.clear();
+    setFilterColumn(0);
     showColumns();
     showRows(selectedRow());
 }

@@ -33,6 +33,8 @@ namespace quorel::controls {
 /// Made of plain controls: the list bears the name given, this container is "<name>.View", the filter box
 /// "<name>.Filter" (hidden until Ctrl+F), the text beside it "<name>.Shown" ("n of m").
 ///
+/// Typing and the filter look into the column that the list is sorted by, or into the name: one cell a row.
+///
 /// The user sorts by a click on a header (up, down, as filled), types to find, filters with Ctrl+F and ends
 /// that with Esc, copies rows with their headers (Ctrl+C), and finds the same in the context menu.
 ///
@@ -140,6 +142,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     void showRows(std::optional<std::size_t> selected);
 
     // Sorting, finding, filtering, copying.
+    void setFilterColumn(std::size_t column);
     void clickedColumn(std::size_t column);
     [[nodiscard]] SortKey keyOf(const automation::Object& object, std::size_t column) const;
     [[nodiscard]] std::optional<std::vector<std::uint32_t>> sortedOrder(std::size_t column,
@@ -166,6 +169,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     std::map<std::u16string, ui::Twips> userWidths_;
     std::u16string filter_;  // folded
     std::size_t sortColumn_ = 0;
+    std::size_t filterColumn_ = 0;
     ui::SortOrder sortOrder_ = ui::SortOrder::None;
     std::uint64_t generation_ = 0;   // counts replacements of rows and columns
     std::uint64_t arrangement_ = 0;  // counts changes of rows, order and filter

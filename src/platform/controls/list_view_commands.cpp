@@ -73,11 +73,19 @@ void ListView::keyInFilter(ui::KeyEvent& event) {
 }
 
 void ListView::openFilter() {
+    if (!filterBox_->isVisible())
+        setFilterColumn(sortColumn_);
     filterBox_->setVisible(true);
     shownLabel_->setVisible(true);
     placeChildren();
     filterBox_->selectAll();
     filterBox_->focus();
+}
+
+void ListView::setFilterColumn(std::size_t column) {
+    filterColumn_ = column;
+    const bool exists = column < columns_.size();
+    filterBox_->setCueText(exists ? u"Filter by " + columns_.title(column) : std::u16string(u"Filter"));
 }
 
 void ListView::closeFilter() {

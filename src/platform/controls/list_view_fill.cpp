@@ -35,6 +35,7 @@ void ListView::fill(const FillRequest& request) {
     dropRows();
     dropColumns();
     columns_.reset(request.kind);
+    setFilterColumn(0);
     showColumns();
     const std::uint64_t generation = ++generation_;
     RowStore incoming;

@@ -111,11 +111,7 @@ void ListView::find(const std::u16string& text, std::size_t start, std::optional
 }
 
 bool ListView::matches(const Object& object, std::u16string_view folded) const {
-    const Overtaken overtaken(*this);
-    for (std::size_t column = 0; !overtaken && column < columns_.size(); ++column)
-        if (automation::foldCase(textOf(object, column)).find(folded) != std::u16string::npos)
-            return true;
-    return false;
+    return automation::foldCase(textOf(object, filterColumn_)).find(folded) != std::u16string::npos;
 }
 
 void ListView::filterChanged() {

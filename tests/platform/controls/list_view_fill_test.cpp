@@ -13,7 +13,7 @@ TEST_F(ListViewTest, TheNativeCentreBearsTheNameAndTheOthersNamesOfTheirOwn) {
 
 TEST_F(ListViewTest, MetaNodesShowTheirNames) {
     view.fillWithMetaNodes(model.repository, true);
-    EXPECT_EQ(titles(), Texts{u"name"});
+    EXPECT_EQ(titles(), Texts{u"Name"});
     EXPECT_EQ(look(), (Rows{{u"Package"}, {u"Section"}, {u"Person"}}));
     EXPECT_EQ(view.count(), 3U);
 }
@@ -25,19 +25,19 @@ TEST_F(ListViewTest, MetaLinksShowTheirNames) {
 
 TEST_F(ListViewTest, InstancesShowNameAndMetaProperties) {
     fill();
-    EXPECT_EQ(titles(), (Texts{u"name", u"Version", u"Size"}));
+    EXPECT_EQ(titles(), (Texts{u"Name", u"Version", u"Size"}));
     EXPECT_EQ(look(2, 2), (Rows{{u"node2", u"v2", u"3"}, {u"node3", u"v3", u"10"}}));
 }
 
 TEST_F(ListViewTest, WithoutColumnsInstancesShowTheirNameOnly) {
     view.fillWithExtension(model.metaNode, false);
-    EXPECT_EQ(titles(), Texts{u"name"});
+    EXPECT_EQ(titles(), Texts{u"Name"});
     EXPECT_EQ(view.count(), 20U);
 }
 
 TEST_F(ListViewTest, LinksShowNameEndsAndMetaProperties) {
     view.fillWithLinks(model.metaLink, true);
-    EXPECT_EQ(titles(), (Texts{u"name", u"source", u"target", u"Kind"}));
+    EXPECT_EQ(titles(), (Texts{u"Name", u"Source", u"Target", u"Kind"}));
     EXPECT_EQ(look(4, 1), (Rows{{u"link4", u"node4", u"node5", u"strong"}}));
 }
 

@@ -115,7 +115,7 @@ TEST_F(ListViewTest, AFillThatWasOvertakenWhileItReadTheColumnsLeavesTheOther) {
                          }));
     EXPECT_EQ(errorOf([&] { view.fillWithLinks(model.metaLink, true); }), 451);
     EXPECT_EQ(view.count(), 20U);
-    EXPECT_EQ(titles(), (Texts{u"name", u"Version", u"Size"}));
+    EXPECT_EQ(titles(), (Texts{u"Name", u"Version", u"Size"}));
 }
 
 TEST_F(ListViewTest, AHostMayRearrangeTheListWhileItIsSortedFilteredSearchedOrCopied) {
