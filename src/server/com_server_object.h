@@ -53,6 +53,8 @@ class ServerObject : public win32::DualDispatch<Interface> {
     /// The host may drop its last reference from within an event of the call.
     template <class Action>
     HRESULT guarded(Action&& action) noexcept {
+        if (!this->isConnected())
+            return CO_E_OBJNOTCONNECTED;
         const win32::ComPtr<IDispatch> alive(this->dispatch());
         try {
             action();

@@ -110,15 +110,27 @@ NativeDispatch::NativeDispatch(NativeObject& native) noexcept : keep_(&native), 
 }
 
 NativeDispatch::~NativeDispatch() {
-    native_->setBridge(nullptr);
+    disconnect();
     countOutside(-1);
+}
+
+void NativeDispatch::disconnect() noexcept {
+    if (automation::NativeObject* native = std::exchange(native_, nullptr))
+        native->setBridge(nullptr);
+    keep_.reset();
 }
 
 ULONG NativeDispatch::releaseReference() noexcept {
     const ULONG left = --count_;
-    if (left == 0)
+    if (left != 0)
+        return left;
+    // What ends now may call out, and somebody there may take hold of this wrapper again: it answers that it
+    // is disconnected, for as long as it is held.
+    count_ = 1;
+    disconnect();
+    if (--count_ == 0)
         delete this;
-    return left;
+    return 0;
 }
 
 HRESULT NativeDispatch::query(REFIID iid, void** result) noexcept {
@@ -146,6 +158,8 @@ HRESULT NativeDispatch::query(REFIID iid, void** result) noexcept {
 HRESULT NativeDispatch::idsOfNames(LPOLESTR* names, UINT count, DISPID* ids) noexcept {
     if (names == nullptr || ids == nullptr || count == 0)
         return E_INVALIDARG;
+    if (!isConnected())
+        return CO_E_OBJNOTCONNECTED;
     for (UINT i = 0; i < count; ++i)
         ids[i] = DISPID_UNKNOWN;
     try {
@@ -174,6 +188,8 @@ HRESULT NativeDispatch::idsOfNames(LPOLESTR* names, UINT count, DISPID* ids) noe
 
 HRESULT NativeDispatch::invokeById(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result,
                                    EXCEPINFO* failure) noexcept {
+    if (!isConnected())
+        return CO_E_OBJNOTCONNECTED;
     const ComPtr<IDispatch> alive(dispatch());
     try {
         Variant answer;
@@ -222,7 +238,8 @@ NativeObject* nativeBehind(IDispatch* dispatch) noexcept {
     if (FAILED(dispatch->QueryInterface(kWrapperItself, &wrapper)))
         return nullptr;
     dispatch->Release();
-    return &static_cast<NativeDispatch*>(wrapper)->native();
+    auto* native = static_cast<NativeDispatch*>(wrapper);
+    return native->isConnected() ? &native->native() : nullptr;
 }
 
 void countOutside(long change) noexcept {

@@ -20,6 +20,8 @@ class NativeDispatch {
     NativeDispatch(const NativeDispatch&) = delete;
     NativeDispatch& operator=(const NativeDispatch&) = delete;
 
+    /// False once the last reference went, while somebody took another on the way.
+    [[nodiscard]] bool isConnected() const noexcept { return native_ != nullptr; }
     [[nodiscard]] automation::NativeObject& native() const noexcept { return *native_; }
     /// The wrapper as others hold it; not counted.
     [[nodiscard]] virtual IDispatch* dispatch() noexcept = 0;
@@ -39,6 +41,8 @@ class NativeDispatch {
                        EXCEPINFO* failure) noexcept;
 
   private:
+    void disconnect() noexcept;
+
     automation::Object keep_;
     automation::NativeObject* native_;
     ULONG count_ = 0;

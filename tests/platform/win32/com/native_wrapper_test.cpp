@@ -70,6 +70,44 @@ TEST(NativeWrapper, ForeignObjectsPassAsTheyAre) {
     EXPECT_FALSE(fromDispatch(nullptr));
 }
 
+/// Takes hold of its own wrapper once more while it ends, as a component does that tells its host of its end.
+class LastWords final : public NativeObject {
+  public:
+    LastWords(IDispatch*& wrapper, ComPtr<IDispatch>& held) : wrapper_(wrapper), held_(held) {}
+    ~LastWords() override { held_ = ComPtr<IDispatch>(wrapper_); }
+    [[nodiscard]] const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table =
+            automation::ClassTable::of<LastWords>(u"LastWords").method(u"Say", &LastWords::say);
+        return table;
+    }
+    void say() {}
+
+  private:
+    IDispatch*& wrapper_;
+    ComPtr<IDispatch>& held_;
+};
+
+TEST(NativeWrapper, TakenHoldOfWhileItEndsItIsDisconnected) {
+    const long outside = outsideCount();
+    IDispatch* wrapper = nullptr;
+    ComPtr<IDispatch> held;
+    ComPtr<IDispatch> dispatch = toDispatch(make<LastWords>(wrapper, held));
+    wrapper = dispatch.get();
+    dispatch.reset();
+    ASSERT_TRUE(held);
+    wchar_t say[] = L"Say";
+    LPOLESTR name = say;
+    DISPID id = DISPID_UNKNOWN;
+    DISPPARAMS none{};
+    EXPECT_EQ(held->GetIDsOfNames(IID_NULL, &name, 1, 0, &id), CO_E_OBJNOTCONNECTED);
+    EXPECT_EQ(held->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+              CO_E_OBJNOTCONNECTED);
+    EXPECT_EQ(fromDispatch(held.get()).native(), nullptr);
+    EXPECT_EQ(outsideCount(), outside + 1);
+    held.reset();
+    EXPECT_EQ(outsideCount(), outside);
+}
+
 TEST(NativeWrapper, DescribesNoTypeOfItsOwn) {
     const auto dispatch = toDispatch(make<NativeThing>());
     UINT count = 9;
