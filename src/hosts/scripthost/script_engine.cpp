@@ -1,8 +1,12 @@
 #include "hosts/scripthost/script_engine.h"
 
+#include <dispex.h>
+
 #include "hosts/scripthost/console.h"
 #include "hosts/scripthost/script_errors.h"
+#include "platform/automation/calls.h"
 #include "platform/automation/error.h"
+#include "platform/win32/com/bridge.h"
 #include "platform/win32/com/failures.h"
 #include "platform/win32/system_error.h"
 
@@ -85,6 +89,40 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindo
     ULONG count_ = 0;
 };
 
+namespace {
+
+bool isObjectWithoutCode(IDispatchEx& globals, DISPID id) {
+    win32::Variant value;
+    DISPPARAMS none{};
+    if (FAILED(globals.InvokeEx(id, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, value.out(), nullptr,
+                                nullptr)) ||
+        V_VT(value.get()) != VT_DISPATCH)
+        return false;
+    const automation::Object object = win32::fromVariant(*value).toObject();
+    return object && !automation::answersTo(object, u"apply");
+}
+
+/// Components may call script objects when they are let go of. While the engine closes it can run nothing any
+/// more, so the script's variables are emptied before; its functions stay.
+void letGoOfVariables(IActiveScript& engine) {
+    win32::ComPtr<IDispatch> dispatch;
+    if (FAILED(engine.GetScriptDispatch(nullptr, dispatch.out())))
+        return;
+    const auto globals = dispatch.as<IDispatchEx>();
+    DISPID id = DISPID_STARTENUM;
+    while (globals && globals->GetNextDispID(fdexEnumAll, id, &id) == S_OK) {
+        if (!isObjectWithoutCode(*globals.get(), id))
+            continue;
+        VARIANT empty{};
+        DISPID assigned = DISPID_PROPERTYPUT;
+        DISPPARAMS parameters{&empty, &assigned, 1, 1};
+        globals->InvokeEx(id, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr,
+                          nullptr);
+    }
+}
+
+}  // namespace
+
 ScriptEngine::ScriptEngine(const wchar_t* language, std::u16string file)
     : file_(std::move(file)), site_(new ScriptSite(file_)) {
     CLSID clsid;
@@ -96,6 +134,7 @@ ScriptEngine::ScriptEngine(const wchar_t* language, std::u16string file)
 }
 
 ScriptEngine::~ScriptEngine() {
+    letGoOfVariables(*engine_.get());
     engine_->Close();
     site_->setHost(nullptr);
 }
