@@ -48,13 +48,24 @@ class Desktop {
     [[nodiscard]] virtual Rect workArea() = 0;
     /// The size of one line in the windows' font.
     [[nodiscard]] virtual Size textSize(std::u16string_view line) = 0;
+
+  private:
+    friend class WaitPointer;
+    std::int32_t waits_ = 0;
 };
 
-/// Shows the wait pointer for as long as it lives.
+/// Shows the wait pointer for as long as it lives. They may be nested: the outermost one brings the pointer
+/// back.
 class WaitPointer {
   public:
-    explicit WaitPointer(Desktop& desktop) : desktop_(desktop) { desktop_.setPointer(Pointer::Wait); }
-    ~WaitPointer() { desktop_.setPointer(Pointer::Default); }
+    explicit WaitPointer(Desktop& desktop) : desktop_(desktop) {
+        if (desktop_.waits_++ == 0)
+            desktop_.setPointer(Pointer::Wait);
+    }
+    ~WaitPointer() {
+        if (--desktop_.waits_ == 0)
+            desktop_.setPointer(Pointer::Default);
+    }
     WaitPointer(const WaitPointer&) = delete;
     WaitPointer& operator=(const WaitPointer&) = delete;
 

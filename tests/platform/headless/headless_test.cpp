@@ -159,6 +159,8 @@ TEST_F(HeadlessTest, ThePointerIsRecorded) {
     {
         const ui::WaitPointer wait(desktop);
         EXPECT_EQ(desktop.pointer(), ui::Pointer::Wait);
+        { const ui::WaitPointer inner(desktop); }
+        EXPECT_EQ(desktop.pointer(), ui::Pointer::Wait);
     }
     EXPECT_EQ(desktop.pointer(), ui::Pointer::Default);
     EXPECT_EQ(desktop.waits(), 1U);
