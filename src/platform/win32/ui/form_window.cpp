@@ -154,8 +154,11 @@ void FormWindow::matchClientSize() {
     const ui::Size wanted = form()->clientSize();
     const LONG width = sizeOf(outer).cx + toPixels(wanted.width, dpi()) - client.right;
     const LONG height = sizeOf(outer).cy + toPixels(wanted.height, dpi()) - client.bottom;
-    if (width != sizeOf(outer).cx || height != sizeOf(outer).cy)
-        ::SetWindowPos(handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (width == sizeOf(outer).cx && height == sizeOf(outer).cy)
+        return;
+    formerClient_ = sizeOf(client);
+    formerUntil_ = ::GetTickCount64() + kEchoTime;
+    ::SetWindowPos(handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::mirrorBounds() {

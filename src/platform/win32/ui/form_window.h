@@ -20,6 +20,9 @@ class FormWindow : public NativeWindow {
     void runModal();
 
   private:
+    static constexpr UINT kEchoTime = 500;  // milliseconds
+    static constexpr UINT_PTR kEchoTimer = 0x51;
+
     /// One modal run; shared with the window, which ends it when it hides.
     struct ModalRun {
         explicit ModalRun(HWND window) : lock(window) {}
@@ -50,8 +53,11 @@ class FormWindow : public NativeWindow {
     void endModalRun() noexcept;
 
     [[nodiscard]] std::optional<LRESULT> serveForm(UINT message, WPARAM w, LPARAM l);
+    [[nodiscard]] std::optional<LRESULT> servePlace(UINT message, WPARAM w, LPARAM l);
+    void chooseFromMenu(UINT command) const;
     void moved(bool sizeToo);
     void resized();
+    [[nodiscard]] bool isEcho(const RECT& client);
     void limitSize(MINMAXINFO& limits) const;
     void moveToResolution(std::int32_t dpi, const RECT& wanted);
     void paintBackground(HDC dc) const;
@@ -64,6 +70,8 @@ class FormWindow : public NativeWindow {
     bool shown_ = false;
     bool placed_ = false;
     int placing_ = 0;
+    SIZE formerClient_{};        ///< before the last change of size by program
+    ULONGLONG formerUntil_ = 0;  ///< how long that size may come back as an echo
     std::shared_ptr<KeyboardHook> keyboard_;
     std::shared_ptr<ModalRun> modal_;
 };

@@ -23,19 +23,6 @@ std::optional<LRESULT> FormWindow::serveForm(UINT message, WPARAM w, LPARAM l) {
             if (::IsWindowEnabled(handle()) != FALSE)
                 form()->userClosed();
             return 0;
-        case WM_SIZE:
-        case WM_MOVE:
-            original(message, w, l);
-            if (control() != nullptr)
-                moved(message == WM_SIZE);
-            return 0;
-        case WM_GETMINMAXINFO:
-            original(message, w, l);
-            limitSize(*reinterpret_cast<MINMAXINFO*>(l));
-            return 0;
-        case WM_DPICHANGED:
-            moveToResolution(LOWORD(w), *reinterpret_cast<const RECT*>(l));
-            return 0;
         case WM_ERASEBKGND:
             paintBackground(reinterpret_cast<HDC>(w));
             return 1;
@@ -45,10 +32,7 @@ std::optional<LRESULT> FormWindow::serveForm(UINT message, WPARAM w, LPARAM l) {
         case WM_COMMAND:
             if (l != 0)
                 return std::nullopt;
-            if (const std::optional<MenuPath> path = commandPath(menu_, LOWORD(w));
-                path && form()->menuBarIfAny())
-                if (ui::MenuItem* const entry = resolve(*form()->menuBarIfAny(), *path))
-                    entry->userClicked();
+            chooseFromMenu(LOWORD(w));
             return 0;
         case WM_ENTERMENULOOP:
         case WM_EXITMENULOOP:
@@ -62,8 +46,43 @@ std::optional<LRESULT> FormWindow::serveForm(UINT message, WPARAM w, LPARAM l) {
             settingsChanged();
             return std::nullopt;
         default:
+            return servePlace(message, w, l);
+    }
+}
+
+std::optional<LRESULT> FormWindow::servePlace(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+        case WM_SIZE:
+        case WM_MOVE:
+            original(message, w, l);
+            if (control() != nullptr)
+                moved(message == WM_SIZE);
+            return 0;
+        case WM_TIMER:
+            if (w != kEchoTimer)
+                return std::nullopt;
+            ::KillTimer(handle(), kEchoTimer);
+            if (shown_ && ::IsIconic(handle()) == FALSE)
+                resized();
+            return 0;
+        case WM_GETMINMAXINFO:
+            original(message, w, l);
+            limitSize(*reinterpret_cast<MINMAXINFO*>(l));
+            return 0;
+        case WM_DPICHANGED:
+            moveToResolution(LOWORD(w), *reinterpret_cast<const RECT*>(l));
+            return 0;
+        default:
             return std::nullopt;
     }
+}
+
+void FormWindow::chooseFromMenu(UINT command) const {
+    const std::optional<MenuPath> path = commandPath(menu_, command);
+    const ui::MenuBar* const bar = form()->menuBarIfAny();
+    ui::MenuItem* const entry = path && bar != nullptr ? resolve(*bar, *path) : nullptr;
+    if (entry != nullptr)
+        entry->userClicked();
 }
 
 void FormWindow::moved(bool sizeToo) {
@@ -88,8 +107,20 @@ void FormWindow::resized() {
     const ui::Size known = form()->clientSize();
     if (toPixels(known.width, dpi()) == client.right && toPixels(known.height, dpi()) == client.bottom)
         return;
+    if (isEcho(client))
+        return;
     const Layout layout(frame());
     form()->userResized({ui::toTwips(client.right, dpi()), ui::toTwips(client.bottom, dpi())});
+}
+
+/// A window manager may answer a change of size with the former size before it grants the new one. That is no
+/// doing of the user's; should the window keep it, it is reported when the time of echoes is over.
+bool FormWindow::isEcho(const RECT& client) {
+    if (::GetTickCount64() >= formerUntil_ || client.right != formerClient_.cx ||
+        client.bottom != formerClient_.cy)
+        return false;
+    ::SetTimer(handle(), kEchoTimer, kEchoTime, nullptr);
+    return true;
 }
 
 void FormWindow::limitSize(MINMAXINFO& limits) const {

@@ -95,7 +95,7 @@ void ListWindow::opened() {
 /// The rows of a report are as high as its small pictures, so an empty picture gives them room.
 void ListWindow::spaceRows() {
     const int height = lineHeight(frame()->font()) + ::MulDiv(kRowSpace, dpi(), USER_DEFAULT_SCREEN_DPI);
-    ImageList spacer(::ImageList_Create(1, height, ILC_COLOR, 0, 0));
+    auto spacer = counted<ImageList>(::ImageList_Create(1, height, ILC_COLOR, 0, 0), Counted::GdiObject);
     send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacer.get()));
     spacer_ = std::move(spacer);
 }

@@ -10,6 +10,7 @@ namespace quorel::win32 {
 
 inline void destroyImageList(HIMAGELIST list) noexcept {
     ::ImageList_Destroy(list);
+    countGone(Counted::GdiObject);
 }
 using ImageList = Unique<HIMAGELIST, destroyImageList>;
 

@@ -8,6 +8,7 @@
 #include "platform/ui/shown_text.h"
 #include "platform/win32/system_error.h"
 #include "platform/win32/text.h"
+#include "platform/win32/ui/control_peer.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/system_headers.h"
 
@@ -20,15 +21,14 @@ constexpr UINT_PTR kSubclass = 0x51;
 /// The name under which a window keeps its NativeWindow. Each copy of this code in a process has its own, for
 /// one must not take another's windows for its own.
 [[nodiscard]] LPCWSTR ownerProperty() noexcept {
-    static const ATOM atom = [] {
-        std::array<wchar_t, 40> name{};
-        ::wsprintfW(
-            name.data(), L"QuorelWindow%08X%08X",
-            static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&getControlNameMessage) >> 16 >> 16),
-            static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&getControlNameMessage)));
-        return ::GlobalAddAtomW(name.data());
+    static const std::array<wchar_t, 40> name = [] {
+        std::array<wchar_t, 40> text{};
+        const auto own = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(&getControlNameMessage));
+        ::wsprintfW(text.data(), L"QuorelWindow%08X%08X", static_cast<unsigned>(own >> 32),
+                    static_cast<unsigned>(own));
+        return text;
     }();
-    return MAKEINTATOM(atom);
+    return name.data();
 }
 
 }  // namespace
@@ -55,9 +55,24 @@ void NativeWindow::open(HWND parent) {
     self_ = shared_from_this();
     ::SetPropW(handle_, ownerProperty(), this);
     ::SetWindowSubclass(handle_, &NativeWindow::procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+    if (parent != nullptr && ::IsWindowVisible(parent) != FALSE)
+        standInTabOrder();
     opened();
     send(WM_SETFONT, reinterpret_cast<WPARAM>(frame_->font()), FALSE);
     mirror(ui::Change::All);
+}
+
+/// Screen readers take a control's name from the label before it, so windows made late stand where they
+/// belong.
+void NativeWindow::standInTabOrder() const {
+    HWND before = HWND_TOP;
+    for (const auto& sibling : control_->parent()->children()) {
+        if (sibling.get() == control_)
+            break;
+        if (const HWND window = handleOf(*sibling))
+            before = window;
+    }
+    ::SetWindowPos(handle_, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void NativeWindow::retire() noexcept {

@@ -102,6 +102,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] bool pressKey(WPARAM key);
     [[nodiscard]] bool showsPointer(LPARAM hit) const;
     [[nodiscard]] std::optional<LRESULT> reflect(UINT message, WPARAM w, LPARAM l);
+    void standInTabOrder() const;
     void focused();
     void gone() noexcept;
 

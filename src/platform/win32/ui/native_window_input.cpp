@@ -32,6 +32,11 @@ namespace {
            key == VK_CAPITAL || key == VK_NUMLOCK;
 }
 
+/// Who uses these wants to see where the focus is and which access keys there are.
+[[nodiscard]] bool drivesByKeyboard(WPARAM key) noexcept {
+    return key == VK_TAB || key == VK_MENU || key == VK_F10 || (key >= VK_LEFT && key <= VK_DOWN);
+}
+
 /// An access key is a character, which on some keyboards is not the key's own code.
 [[nodiscard]] ui::KeyChord accessChord(ui::KeyChord chord) noexcept {
     const UINT character = ::MapVirtualKeyW(static_cast<UINT>(chord.key), MAPVK_VK_TO_CHAR) & 0xFFFFU;
@@ -88,6 +93,9 @@ LRESULT NativeWindow::serveKey(UINT message, WPARAM key, LPARAM flags) {
 }
 
 bool NativeWindow::pressKey(WPARAM key) {
+    if (drivesByKeyboard(key))
+        ::SendMessageW(frame_->form(), WM_CHANGEUISTATE,
+                       MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
     if (isModifier(key) || ::IsWindowEnabled(frame_->form()) == FALSE)
         return false;
     ui::Form* const form = control_->form();

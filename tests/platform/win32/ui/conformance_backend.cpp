@@ -189,7 +189,9 @@ void NativeBackend::typeToFind(ui::VirtualList& list, std::u16string_view text) 
     typedAt_ = ::GetTickCount64();
 }
 
+/// A menu bar that came or went has changed the window's size.
 void NativeBackend::chooseMenu(ui::Form& form, std::u16string_view entry) {
+    native::pumpPatiently();
     const HWND window = native::windowFor(form);
     native::requireUsable(window);
     const ui::MenuItem* const item = form.menuBar().find(entry);

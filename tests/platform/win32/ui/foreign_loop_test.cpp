@@ -132,12 +132,17 @@ TEST_F(ForeignLoop, TheHookIsThereOnlyWhileAFormIsShown) {
 
 TEST_F(ForeignLoop, ShiftF10OpensTheContextMenu) {
     int asked = 0;
-    gallery->picture->setTabStop(true);
     gallery->side->onContextMenu.connect([&] { ++asked; });
     gallery->side->focus();
     pump();
     press(form(), {Key::F10, Modifiers::Shift});
     EXPECT_EQ(asked, 1);
+}
+
+TEST_F(ForeignLoop, TheKeyboardMakesTheFocusVisible) {
+    ::SendMessageW(form(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+    press(form(), {Key::Tab});
+    EXPECT_EQ(::SendMessageW(form(), WM_QUERYUISTATE, 0, 0) & (UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
 }
 
 TEST_F(ForeignLoop, TheSplitterMovesByArrowKeys) {

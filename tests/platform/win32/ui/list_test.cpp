@@ -123,9 +123,13 @@ TEST_F(Lists, TheSelectedRowCanBeSeenWithoutTheFocus) {
     const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, client.right, client.bottom);
     const HGDIOBJ before = ::SelectObject(memory, bitmap);
     ::SendMessageW(list, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT | PRF_ERASEBKGND);
-    const POINT selected = pointInRow(list, 3), plain = pointInRow(list, 4);
-    const COLORREF shade = ::GetPixel(memory, client.right - 4, selected.y);
-    const COLORREF ground = ::GetPixel(memory, client.right - 4, plain.y);
+    const auto groundOf = [&](int number) {  // above the text of its last visible column
+        RECT row{};
+        row.left = LVIR_BOUNDS;
+        ::SendMessageW(list, LVM_GETITEMRECT, static_cast<WPARAM>(number), reinterpret_cast<LPARAM>(&row));
+        return ::GetPixel(memory, client.right - 4, row.top + 1);
+    };
+    const COLORREF shade = groundOf(3), ground = groundOf(4);
     ::SelectObject(memory, before);
     ::DeleteObject(bitmap);
     ::DeleteDC(memory);

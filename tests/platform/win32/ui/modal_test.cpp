@@ -2,6 +2,7 @@
 
 #include "platform/ui/desktop.h"
 #include "platform/win32/text.h"
+#include "platform/win32/ui/open_file_dialog.h"
 #include "tests/platform/win32/ui/windows_fixture.h"
 
 namespace quorel::win32::testing {
@@ -101,6 +102,23 @@ TEST_F(Modal, AMessageBoxShowsItsTextLocksTheOthersAndGivesTheAnswer) {
     EXPECT_EQ(box.text, u"Error No: 91  'text'");
     EXPECT_TRUE(locked);
     EXPECT_NE(::IsWindowEnabled(windowFor(*other.form)), FALSE);
+    EXPECT_NE(::IsWindowEnabled(windowFor(*gallery.form)), FALSE);
+}
+
+TEST_F(Modal, ACancelledFileDialogGivesNothing) {
+    Gallery gallery(*desktop);
+    gallery.form->show(ui::Modality::Modeless);
+    pump();
+    bool locked = false;
+    Errand errand([&] {
+        locked = ::IsWindowEnabled(windowFor(*gallery.form)) == FALSE;
+        ::PostMessageW(::FindWindowW(L"#32770", L"Open a repository"), WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(
+        openFileDialog(*desktop, {u"Open a repository", {{u"Repositories", u"*.qrep"}}, u"C:\\", false}),
+        std::nullopt);
+    EXPECT_TRUE(errand.isDone());
+    EXPECT_TRUE(locked);
     EXPECT_NE(::IsWindowEnabled(windowFor(*gallery.form)), FALSE);
 }
 

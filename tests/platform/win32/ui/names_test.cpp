@@ -51,7 +51,13 @@ TEST_F(ControlNames, AFormsClassIsItsNameAndControlsAreTheSystemsOwn) {
     EXPECT_EQ(classOf(window(*gallery->status)), u"msctls_statusbar32");
 }
 
-TEST_F(ControlNames, ChildrenStandInTabOrder) {
+TEST_F(ControlNames, ChildrenStandInTabOrderEvenIfMadeLate) {
+    gallery->box->setVisible(false);
+    gallery->label->setVisible(false);
+    gallery->form->unload();
+    gallery->form->show(ui::Modality::Modeless);
+    gallery->box->setVisible(true);
+    gallery->label->setVisible(true);
     std::vector<HWND> expected;
     for (const auto& child : gallery->form->children())
         expected.push_back(window(*child));

@@ -57,11 +57,22 @@ BOOL CALLBACK countPeers(HWND window, LPARAM count) {
 
 }  // namespace
 
-void pump() {
+int pump() {
+    int handled = 0;
     MSG message{};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    for (; ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE; ++handled) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
+    }
+    return handled;
+}
+
+void pumpPatiently() {
+    constexpr ULONGLONG kQuiet = 200;
+    for (ULONGLONG since = ::GetTickCount64(); ::GetTickCount64() - since < kQuiet;) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+        if (pump() > 0)
+            since = ::GetTickCount64();
     }
 }
 

@@ -13,8 +13,12 @@
 
 namespace quorel::win32::testing {
 
-/// Takes and dispatches messages until there are none: a host's plainest message loop.
-void pump();
+/// Takes and dispatches messages until there are none: a host's plainest message loop. Answers how many.
+int pump();
+
+/// The same until there were none for a while: a window manager answers late to windows that have just been
+/// shown or have changed their size, and later still on a busy machine.
+void pumpPatiently();
 
 /// The HWND of a control; throws std::runtime_error when it has none.
 [[nodiscard]] HWND windowFor(const ui::Control& control);

@@ -113,6 +113,26 @@ TEST_F(OpeningPlaces, AMaximizedFormOpensMaximizedAndSaysSo) {
     EXPECT_FALSE(gallery.form->isMaximized());
 }
 
+TEST_F(OpeningPlaces, TheFormerSizeComingBackIsReportedOnlyIfItStays) {
+    Gallery gallery(*desktop);
+    gallery.form->show(ui::Modality::Modeless);
+    pumpPatiently();
+    const ui::Size former = gallery.form->clientSize();
+    const HWND form = windowFor(*gallery.form);
+    RECT outer{};
+    ::GetWindowRect(form, &outer);
+    gallery.form->setClientSize({9000_tw, 6000_tw});
+    int resizes = 0;
+    gallery.form->onResize.connect([&] { ++resizes; });
+    ::SetWindowPos(form, nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+                   SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(resizes, 0);
+    ::Sleep(600);
+    pumpPatiently();
+    EXPECT_EQ(resizes, 1);
+    EXPECT_EQ(gallery.form->clientSize(), former);
+}
+
 TEST_F(OpeningPlaces, AMenuBarThatComesAndGoesLeavesTheClientSize) {
     Gallery gallery(*desktop);
     gallery.form->show(ui::Modality::Modeless);

@@ -3,6 +3,7 @@
 #include "platform/ui/shown_text.h"
 #include "platform/win32/ui/menus.h"
 #include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/system_headers.h"
 #include "tests/platform/win32/ui/windows_fixture.h"
 
 namespace quorel::win32::testing {
@@ -84,6 +85,28 @@ TEST_F(Texts, CtrlASelectsAll) {
                    reinterpret_cast<LPARAM>(&last));
     EXPECT_EQ(first, 0U);
     EXPECT_GE(last, gallery->notes->text().size());
+}
+
+TEST_F(Texts, ToolTipsComeAndGo) {
+    const auto tools = [this] {
+        int count = 0;
+        ::EnumThreadWindows(
+            ::GetCurrentThreadId(),
+            [](HWND tip, LPARAM sum) -> BOOL {
+                if (::GetWindow(tip, GW_OWNER) != nullptr)
+                    *reinterpret_cast<int*>(sum) +=
+                        static_cast<int>(::SendMessageW(tip, TTM_GETTOOLCOUNT, 0, 0));
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&count));
+        return count;
+    };
+    EXPECT_EQ(tools(), 1);
+    gallery->ok->setToolTip(std::u16string(1'000'000, u't'));
+    EXPECT_EQ(tools(), 2);
+    gallery->box->setToolTip(u"");
+    gallery->ok->setToolTip(u"");
+    EXPECT_EQ(tools(), 0);
 }
 
 TEST(MenuTexts, ShortcutsReadAsOnMenus) {
