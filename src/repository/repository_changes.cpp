@@ -48,8 +48,8 @@ Node& Repository::endOfLink(const Object& end, MetaId wanted, std::u16string_vie
                       u"The link's " + std::u16string(role) + u" is no node of this repository");
     if (found->type().record().id != wanted)
         throw failure(automation::error_number::kTypeMismatch,
-                      u"The link's " + std::u16string(role) + u" must be a " +
-                          inQuotes(type(wanted).record().name) + u", not a " +
+                      u"The link's " + std::u16string(role) + u" must be of the type " +
+                          inQuotes(type(wanted).record().name) + u", not " +
                           inQuotes(found->type().record().name));
     static_cast<void>(found->name());
     return *found;

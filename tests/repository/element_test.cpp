@@ -175,7 +175,7 @@ TEST_F(Elements, ALinkBetweenTheWrongNodesIsRefused) {
     const Object austen = makeAuthor(u"Austen", u"a");
     const Object emma = makeBook(u"Emma", u"b");
     EXPECT_EQ(errorOf([&] { link(emma, austen, u"l"); }).description(),
-              u"The link's source must be a 'Author', not a 'Book'");
+              u"The link's source must be of the type 'Author', not 'Book'");
     EXPECT_EQ(errorOf([&] { link(austen, austen, u"l"); }).number(), 13);
     EXPECT_EQ(errorOf([&] { link(austen, Object(), u"l"); }).number(), 13);
     EXPECT_EQ(errorOf([&] { link(austen, repository_, u"l"); }).number(), 13);

@@ -61,7 +61,7 @@ std::vector<ElementId> SqliteStore::page(const ElementScope& scope, ElementId af
 }
 
 std::optional<ElementId> SqliteStore::find(const ElementScope& scope, std::u16string_view identifier) {
-    const std::string bytes = stored(identifier);
+    const std::string& bytes = storedIn(identifierBuffer_, identifier);
     return firstId(Run(scopeStatements(scope).find, scope.type, scope.node, bytes));
 }
 
@@ -70,7 +70,7 @@ std::optional<ElementId> SqliteStore::at(const ElementScope& scope, std::int64_t
 }
 
 std::optional<ElementId> SqliteStore::findNodeNamed(MetaId type, std::u16string_view name) {
-    const std::string bytes = stored(name);
+    const std::string& bytes = storedIn(textBuffer_, name);
     return firstId(Run(element_.nodeNamed, type, bytes));
 }
 
@@ -89,7 +89,7 @@ std::optional<std::u16string> SqliteStore::identifier(Kind kind, ElementId id) {
 }
 
 bool SqliteStore::setName(Kind kind, ElementId id, std::u16string_view name) {
-    const std::string bytes = stored(name);
+    const std::string& bytes = storedIn(textBuffer_, name);
     Run(element_.setName.at(indexOf(kind)), id, bytes).finish();
     return database_->changed() != 0;
 }
@@ -125,7 +125,7 @@ void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const V
     Statement& statement = element_.setValue.at(index);
     switch (value.kind()) {
         case ValueKind::String: {
-            const std::string bytes = stored(*value.getIf<std::u16string>());
+            const std::string& bytes = storedIn(textBuffer_, *value.getIf<std::u16string>());
             return Run(statement, id, property, bytes).finish();
         }
         case ValueKind::Integer:
@@ -144,8 +144,8 @@ void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const V
 }
 
 ElementId SqliteStore::addNode(MetaId type, std::u16string_view name, std::u16string_view identifier) {
-    const std::string nameBytes = stored(name);
-    const std::string identifierBytes = stored(identifier);
+    const std::string& nameBytes = storedIn(textBuffer_, name);
+    const std::string& identifierBytes = storedIn(identifierBuffer_, identifier);
     if (!Run(element_.addNode, type, nameBytes, identifierBytes).finishUnlessTaken())
         refuseTaken(u"node", identifier);
     return static_cast<ElementId>(database_->lastInserted());
@@ -153,8 +153,8 @@ ElementId SqliteStore::addNode(MetaId type, std::u16string_view name, std::u16st
 
 ElementId SqliteStore::addLink(MetaId type, std::u16string_view name, std::u16string_view identifier,
                                ElementId source, ElementId target) {
-    const std::string nameBytes = stored(name);
-    const std::string identifierBytes = stored(identifier);
+    const std::string& nameBytes = storedIn(textBuffer_, name);
+    const std::string& identifierBytes = storedIn(identifierBuffer_, identifier);
     if (!Run(element_.addLink, type, source, target, nameBytes, identifierBytes).finishUnlessTaken())
         refuseTaken(u"link", identifier);
     return static_cast<ElementId>(database_->lastInserted());

@@ -79,6 +79,8 @@ class SqliteStore final : public Store {
     /// Dynamic meta objects of this session that are not persistent.
     std::vector<MetaId> transient_;
     bool bulk_ = false;
+    /// For the texts of the statement that runs.
+    std::string textBuffer_, identifierBuffer_;
 };
 
 /// Opens an existing repository file. Throws `Error` (see `checkFile` and `Store`) and leaves the file

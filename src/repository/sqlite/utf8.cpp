@@ -17,12 +17,18 @@ bool isAscii(const Text& text) noexcept {
 }  // namespace
 
 std::string stored(std::u16string_view text) {
-    if (!isAscii(text))
-        return automation::toUtf8(text);
-    std::string bytes(text.size(), '\0');
-    for (std::size_t i = 0; i < text.size(); ++i)
-        bytes[i] = static_cast<char>(text[i]);
+    std::string bytes;
+    storedIn(bytes, text);
     return bytes;
+}
+
+const std::string& storedIn(std::string& buffer, std::u16string_view text) {
+    if (!isAscii(text))
+        return buffer = automation::toUtf8(text);
+    buffer.resize(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i)
+        buffer[i] = static_cast<char>(text[i]);
+    return buffer;
 }
 
 std::u16string loaded(std::string_view bytes) {

@@ -19,10 +19,10 @@ std::string shownRelations(std::string_view text) {
     for (const Relation& relation : *relations) {
         result += relation.package;
         if (!relation.constraint.empty())
-            result += "(" + relation.constraint + ")";
+            result.append("(").append(relation.constraint).append(")");
         if (relation.alternative != 0)
-            result += "#" + std::to_string(relation.alternative);
-        result += "@" + std::to_string(relation.group) + " ";
+            result.append("#").append(std::to_string(relation.alternative));
+        result.append("@").append(std::to_string(relation.group)).append(" ");
     }
     return result;
 }
