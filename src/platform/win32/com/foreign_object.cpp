@@ -131,8 +131,11 @@ class ForeignBinding final : public Binding {
     [[nodiscard]] automation::NativeObject* native(void*) const noexcept override { return nullptr; }
 
   private:
-    Value invokeWithArguments(IDispatch* dispatch, MemberId id, WORD flags,
-                              std::span<Argument> arguments) const;
+    // Apart from the way of a plain read, which a list goes for every cell.
+    [[gnu::noinline]] Value invokeWithArguments(IDispatch* dispatch, MemberId id, WORD flags,
+                                                std::span<Argument> arguments) const;
+    [[gnu::noinline]] Value recoverWithoutArguments(IDispatch* dispatch, MemberId id, WORD flags,
+                                                    Outcome& first) const;
     Value recover(IDispatch* dispatch, MemberId id, WORD flags, CallFrame& frame, Outcome& first) const;
 };
 
@@ -145,10 +148,15 @@ Value ForeignBinding::invoke(void* instance, MemberId id, InvokeKind kind,
     DISPPARAMS none{};
     Outcome outcome;
     attempt(dispatch, id, flags, none, outcome);
-    if (SUCCEEDED(outcome.status)) [[likely]]
-        return takeVariant(*outcome.result);
+    if (FAILED(outcome.status)) [[unlikely]]
+        return recoverWithoutArguments(dispatch, id, flags, outcome);
+    return takeVariant(*outcome.result);
+}
+
+Value ForeignBinding::recoverWithoutArguments(IDispatch* dispatch, MemberId id, WORD flags,
+                                              Outcome& first) const {
     CallFrame frame({}, false);
-    return recover(dispatch, id, flags, frame, outcome);
+    return recover(dispatch, id, flags, frame, first);
 }
 
 Value ForeignBinding::invokeWithArguments(IDispatch* dispatch, MemberId id, WORD flags,

@@ -249,7 +249,7 @@ Value fromVariant(const VARIANT& variant) {
 }
 
 void toVariant(const Value& value, VARIANT& variant) {
-    ::VariantInit(&variant);
+    V_VT(&variant) = VT_EMPTY;
     switch (value.kind()) {
         case ValueKind::Empty:
             return;
@@ -300,10 +300,16 @@ void toVariant(const Value& value, VARIANT& variant) {
 }
 
 Value takeVariant(VARIANT& variant) {
+    const VARTYPE type = std::exchange(V_VT(&variant), static_cast<VARTYPE>(VT_EMPTY));
+    if (type == VT_BSTR) {
+        const Bstr text(V_BSTR(&variant));
+        return Value(viewOf(text.get()));
+    }
+    if (type == VT_DISPATCH)
+        return Value(adoptDispatch(V_DISPATCH(&variant)));
+    V_VT(&variant) = type;
     Variant taken;
     std::swap(*taken, variant);
-    if (V_VT(taken.get()) == VT_DISPATCH)
-        return Value(adoptDispatch(taken.release().pdispVal));
     return fromVariant(*taken);
 }
 

@@ -1,0 +1,230 @@
+// What a cell costs that is read from somebody else's object by name, against the bare call of a member whose
+// id is known.
+
+#include <activscp.h>
+#include <oaidl.h>
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+
+#include "platform/automation/calls.h"
+#include "platform/win32/com/activation.h"
+#include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_ptr.h"
+#include "ratio.h"
+
+namespace {
+
+using namespace quorel;
+using automation::Member;
+using automation::MemberId;
+using automation::Object;
+using automation::Value;
+using win32::ComPtr;
+using win32::Variant;
+
+constexpr int kCells = 20'000;
+constexpr double kAim = 1.3;
+constexpr DISPID kName = 1;
+
+/// A node as a compiled repository makes it: a switch over ids, described by one type information.
+class CompiledNode final : public IDispatch {
+  public:
+    explicit CompiledNode(ComPtr<ITypeInfo> info) : info_(std::move(info)) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
+        *result = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
+        if (*result == nullptr)
+            return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(::InterlockedIncrement(&count_)); }
+    STDMETHODIMP_(ULONG) Release() override {
+        const LONG left = ::InterlockedDecrement(&count_);
+        if (left == 0)
+            delete this;
+        return static_cast<ULONG>(left);
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        *count = 1;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+        *info = ComPtr<ITypeInfo>(info_).detach();
+        return S_OK;
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        return info_->GetIDsOfNames(names, count, ids);
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
+        if (iid != IID_NULL || parameters == nullptr)
+            return E_INVALIDARG;
+        if (id != kName || (flags & DISPATCH_PROPERTYGET) == 0)
+            return DISP_E_MEMBERNOTFOUND;
+        if (parameters->cArgs != 0)
+            return DISP_E_BADPARAMCOUNT;
+        if (result != nullptr) {
+            V_BSTR(result) = ::SysAllocStringLen(name_.data(), static_cast<UINT>(name_.size()));
+            V_VT(result) = VT_BSTR;
+        }
+        return S_OK;
+    }
+
+  private:
+    virtual ~CompiledNode() = default;
+
+    ComPtr<ITypeInfo> info_;
+    std::wstring name_ = L"libquorel-common-data";
+    LONG count_ = 0;
+};
+
+ComPtr<ITypeInfo> nodeDescription() {
+    static wchar_t name[] = L"name";
+    static METHODDATA method{};
+    method.szName = name;
+    method.dispid = kName;
+    method.cc = CC_STDCALL;
+    method.wFlags = DISPATCH_PROPERTYGET;
+    method.vtReturn = VT_BSTR;
+    INTERFACEDATA data{&method, 1};
+    ComPtr<ITypeInfo> info;
+    ::CreateDispTypeInfo(&data, 0, info.out());
+    return info;
+}
+
+/// The engine's site: scripts here ask for nothing.
+class Site final : public IActiveScriptSite {
+  public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
+        *result = iid == IID_IUnknown || iid == __uuidof(IActiveScriptSite) ? this : nullptr;
+        return *result != nullptr ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD, IUnknown**, ITypeInfo**) override {
+        return TYPE_E_ELEMENTNOTFOUND;
+    }
+    STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
+    STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
+    STDMETHODIMP OnStateChange(SCRIPTSTATE) override { return S_OK; }
+    STDMETHODIMP OnScriptError(IActiveScriptError*) override { return S_OK; }
+    STDMETHODIMP OnEnterScript() override { return S_OK; }
+    STDMETHODIMP OnLeaveScript() override { return S_OK; }
+};
+
+/// A script engine that holds one object, made by its function `MakeNode`.
+class Script {
+  public:
+    Script(const wchar_t* language, const wchar_t* source) {
+        CLSID clsid;
+        if (FAILED(::CLSIDFromProgID(language, &clsid)) ||
+            FAILED(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
+                                      engine_.outVoid())))
+            return;
+        engine_->SetScriptSite(&site_);
+        const auto parser = engine_.as<IActiveScriptParse>();
+        parser->InitNew();
+        parser->ParseScriptText(source, nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISVISIBLE, nullptr,
+                                nullptr);
+        engine_->SetScriptState(SCRIPTSTATE_STARTED);
+    }
+    ~Script() { engine_->Close(); }
+    Script(const Script&) = delete;
+    Script& operator=(const Script&) = delete;
+
+    [[nodiscard]] Object node() const {
+        ComPtr<IDispatch> globals;
+        engine_->GetScriptDispatch(nullptr, globals.out());
+        return win32::fromDispatch(globals.get()).call(u"MakeNode").toObject();
+    }
+
+  private:
+    Site site_;
+    ComPtr<IActiveScript> engine_;
+};
+
+std::size_t seen = 0;
+
+void bareCells(IDispatch& node, DISPID id) {
+    DISPPARAMS none{};
+    for (int i = 0; i < kCells; ++i) {
+        Variant result;
+        node.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result.get(), nullptr,
+                    nullptr);
+        seen += ::SysStringLen(V_BSTR(result.get()));
+    }
+}
+
+void compareKnownId(const char* name, const Object& node) {
+    const MemberId id = node.resolve(u"name");
+    IDispatch& dispatch = *win32::toDispatch(node).get();
+    bench::compare(
+        name, kCells, kAim,
+        [&] {
+            for (int i = 0; i < kCells; ++i)
+                seen += node.invoke(id, automation::InvokeKind::Get, {}).getIf<std::u16string>()->size();
+        },
+        [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
+}
+
+void compareMember(const char* name, const Object& node) {
+    const Member member(u"name");
+    const MemberId id = member.idFor(node);
+    IDispatch& dispatch = *win32::toDispatch(node).get();
+    bench::compare(
+        name, kCells, kAim,
+        [&] {
+            for (int i = 0; i < kCells; ++i)
+                seen += node.get(member).getIf<std::u16string>()->size();
+        },
+        [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
+}
+
+std::wstring beside(const wchar_t* file) {
+    std::wstring path(0x1000, L'\0');
+    path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.find_last_of(L'\\') + 1) + file;
+}
+
+/// A node of the reference repository, reached as any host's.
+void compareRepositoryNode() {
+    const win32::ActivationContext manifest(beside(L"QuorelRepository.manifest"));
+    const win32::ActivationScope active(manifest);
+    const std::wstring file = beside(L"foreign_bench.repository");
+    const Object repository = win32::createPlatformObject(u"QuorelRepository.Repository");
+    repository.call(u"Create", win32::narrowView(file.c_str()));
+    repository.call(u"MakeDynamicMetaClass", u"Package");
+    compareMember("Cell of the reference repository by name / bare Invoke",
+                  repository.call(u"MakeNode", u"Package", u"libquorel-common-data", u"ID:1").toObject());
+    repository.call(u"Close");
+    ::DeleteFileW(file.c_str());
+}
+
+}  // namespace
+
+int main() {
+    if (FAILED(::OleInitialize(nullptr)))
+        return 1;
+    {
+        const ComPtr<CompiledNode> compiled(new CompiledNode(nodeDescription()));
+        const Object node = win32::fromDispatch(compiled.get());
+        compareKnownId("Cell of a compiled object, its id known / bare Invoke", node);
+        compareMember("Cell of a compiled object by name, its type proven / bare Invoke", node);
+
+        compareRepositoryNode();
+
+        const Script visual(L"VBScript",
+                            L"Class Node\nPublic name\nEnd Class\n"
+                            L"Function MakeNode\nDim made\nSet made = New Node\n"
+                            L"made.name = \"libquorel-common-data\"\nSet MakeNode = made\nEnd Function\n");
+        compareKnownId("Cell of a VBScript object, its id known / bare Invoke", visual.node());
+        const Script java(L"JScript", L"function MakeNode() { return { name: \"libquorel-common-data\" }; }");
+        compareKnownId("Cell of a JScript object, its id known / bare Invoke", java.node());
+    }
+    ::OleUninitialize();
+    return seen > 0 ? 0 : 1;
+}
