@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
-#include <windows.h>
-
 #include <objbase.h>
+#include <windows.h>
 
 #include <cstdio>
 #include <string_view>
