@@ -33,9 +33,21 @@ selected_in() { [[ $(spy frmSixPane rows "$1" 60 | grep '^\*' | cut -f2) == "$2"
 control_exists() { spy "$1" where "$2"; }
 picture_of() { screenshot "$outside_dir/$1.png"; }
 
-start_host() { # COMMAND...
-    "$@" >"$logs/outside-host.log" 2>&1 &
+start_host() { # NAME COMMAND...
+    host_log=$logs/outside-$1.log
+    "${@:2}" >"$host_log" 2>&1 &
     host=$!
+}
+
+# Until the form is on the screen and has the keyboard.
+wait_for_form() {
+    local tries
+    spy "$1" wait 60 || return 0
+    for tries in {1..20}; do
+        [[ -n $(xdotool getactivewindow 2>/dev/null) ]] && break
+        sleep 0.2
+    done
+    sleep 0.5
 }
 
 host_ends_well() { # STATUS
@@ -81,8 +93,8 @@ browse_with_keyboard() {
 }
 
 outside_host() { # NAME COMMAND...
-    start_host "${@:2}"
-    spy frmSixPane wait 30
+    start_host "$@"
+    wait_for_form frmSixPane
     browse_with_mouse "$1"
     [[ $1 != vbscript ]] || browse_with_keyboard
     xdotool key alt+F4
@@ -91,20 +103,20 @@ outside_host() { # NAME COMMAND...
 }
 
 name_dialog() {
-    start_host script_host tests/outside/name.vbs
-    spy frmNameEdit wait 30
+    start_host name-typed script_host tests/outside/name.vbs
+    wait_for_form frmNameEdit
     expect "the name dialog opens" control_exists frmNameEdit NameBox
     picture_of name-edit
     xdotool type --delay 40 'Typed by hand'
     sleep 0.3
     xdotool key Return
     expect "Enter confirms and the host has the name" host_ends_well 0
-    expect "the host has what was typed" grep -q '^True:Typed by hand' "$logs/outside-host.log"
-    start_host script_host tests/outside/name.vbs
-    spy frmNameEdit wait 30
+    expect "the host has what was typed" grep -q '^True:Typed by hand' "$host_log"
+    start_host name-cancelled script_host tests/outside/name.vbs
+    wait_for_form frmNameEdit
     xdotool key Escape
     expect "Esc cancels" host_ends_well 0
-    expect "the host hears of it" grep -q '^False:' "$logs/outside-host.log"
+    expect "the host hears of it" grep -q '^False:' "$host_log"
 }
 
 outside_in_display() {
