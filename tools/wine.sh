@@ -54,6 +54,8 @@ windows_path() { echo "Z:$(realpath -m "$1" | tr / '\\')"; }
 # with_display COMMAND...: in a virtual display of its own with a window manager, both ended afterwards.
 with_display() {
     local number=90 server manager status=0
+    # A desktop that an earlier program opened elsewhere would be used again.
+    wineserver_stop
     while [[ -e /tmp/.X11-unix/X$number || -e /tmp/.X$number-lock ]]; do number=$((number + 1)); done
     Xvfb ":$number" -screen 0 1280x900x24 -nolisten tcp >"$logs/xvfb.log" 2>&1 &
     server=$!
@@ -61,6 +63,7 @@ with_display() {
     DISPLAY=:$number openbox >"$logs/openbox.log" 2>&1 &
     manager=$!
     DISPLAY=:$number "$@" || status=$?
+    wineserver_stop
     kill "$manager" "$server" 2>/dev/null || true
     wait "$manager" "$server" 2>/dev/null || true
     return "$status"
