@@ -44,16 +44,21 @@ run_google_test() {
     tally "windows: $name" "$good" "$bad" $((SECONDS - started))
 }
 
-# run_script NAME FILE ARGUMENT...: a script in our script host; it must end with code 0.
-run_script() {
-    local name=$1 file=$2 started=$SECONDS log=$logs/script-$1.log
-    shift 2
-    if run_windows 120 build/windows/bin/quorelscript.exe "$(windows_path "$file")" "$@" >"$log" 2>&1; then
-        tally "script: $name" 1 0 $((SECONDS - started))
+# run_program NAME PROGRAM ARGUMENT...: a host under Wine; it must end with code 0.
+run_program() {
+    local name=$1 started=$SECONDS log=$logs/host-$1.log
+    shift
+    if run_windows 120 "$@" >"$log" 2>&1; then
+        tally "host: $name" 1 0 $((SECONDS - started))
     else
         tail -n 20 "$log"
-        tally "script: $name" 0 1 $((SECONDS - started))
+        tally "host: $name" 0 1 $((SECONDS - started))
     fi
+}
+
+# run_script NAME FILE ARGUMENT...
+run_script() {
+    run_program "$1" build/windows/bin/quorelscript.exe "$(windows_path "$2")" "${@:3}"
 }
 
 run_tests() {
@@ -82,8 +87,22 @@ test_windows() {
         run_google_test "$(basename "$program" .exe)" 600 "$program"
     done
     for script in tests/hosts/*.vbs tests/hosts/*.js; do run_script "$(basename "$script")" "$script"; done
+    test_samples
     graphics x11
     outside_tests
+}
+
+# The samples that open no window; those that do are driven by tests/outside.
+test_samples() {
+    local repository made=$outside_dir/made
+    import_sample
+    repository=$(windows_path "$sample_repository")
+    rm -f "$made"-by-*
+    run_script sample-report samples/vbscript/report.vbs "$repository"
+    run_script sample-identifiers samples/vbscript/identifiers.vbs Garden
+    run_script sample-repository.vbs samples/vbscript/repository.vbs "$(windows_path "$made-by-vbscript.quorel")"
+    run_script sample-repository.js samples/jscript/repository.js "$(windows_path "$made-by-jscript.quorel")"
+    run_program sample-repository.cpp build/windows/bin/sample_repository.exe "$repository"
 }
 
 run_benchmarks() {

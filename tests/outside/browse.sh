@@ -119,6 +119,51 @@ name_dialog() {
     expect "the host hears of it" grep -q '^False:' "$host_log"
 }
 
+node_is_made() {
+    script_host samples/vbscript/nameedit.vbs "$repository" Shelf >"$logs/sample-nameedit.log" 2>&1 &
+    host=$!
+    wait_for_form frmNameEdit
+    xdotool type --delay 40 'Made by hand'
+    sleep 0.3
+    xdotool key Return
+    expect "the sample that asks for a name ends well" host_ends_well 0
+}
+
+selected_at_start() {
+    start_host sixpane script_host samples/vbscript/sixpane.vbs "$repository" Shelf
+    wait_for_form frmSixPane
+    expect "SetSelection selects the type" selected_in SourceMetaNode Shelf
+    expect "the node made by hand is there" pane_holds SourceNode 'Made by hand'
+    local first
+    first=$(spy frmSixPane rows SourceNode 40 | sed -n 3p | cut -f2)
+    expect "SetSelection selects the node" selected_in SourceNode "$first"
+    click_on frmSixPane SourceNode "$first" || true
+    xdotool click --repeat 2 --delay 60 1
+    expect "a double-click shows the properties" spy frmObjectProperties wait 1
+    picture_of properties
+    xdotool key Escape
+    expect "Esc closes them" spy frmObjectProperties gone 1
+    xdotool key alt+F4
+    expect "the host ends without an error" host_ends_well 0
+}
+
+# A repository that fails: one box that says what and where, then the window goes on.
+failure_is_shown() {
+    start_host failing script_host tests/outside/failing.vbs
+    wait_for_form frmSixPane
+    click_on frmSixPane SourceMetaNode Broken || true
+    expect "the error box appears" spy '#32770' wait 1
+    expect "it says what failed and where" box_says "Function 'SourceMetaNode_Click()'"
+    picture_of error-box
+    xdotool key Return
+    expect "Enter closes it" spy '#32770' gone 1
+    expect "the window goes on" selected_in SourceMetaNode Broken
+    xdotool key alt+F4
+    expect "the host ends without an error" host_ends_well 0
+}
+
+box_says() { spy '#32770' tree | grep -qF "$1"; }
+
 outside_in_display() {
     local repository
     repository=$(windows_path "$sample_repository")
@@ -127,6 +172,9 @@ outside_in_display() {
     outside_host cpp-early run_windows 120 build/windows/bin/sample_browse_early.exe "$repository"
     outside_host cpp-late run_windows 120 build/windows/bin/sample_browse_late.exe "$repository"
     name_dialog
+    node_is_made
+    selected_at_start
+    failure_is_shown
 }
 
 outside_tests() {
