@@ -23,7 +23,7 @@ picture() { # NAME
 
 show_pane() { # CONTROL
     printf '\n   %s: ' "$1"
-    spy frmSixPane rows "$1" 8 | cut -c1-150 | sed '2,$s/^/     /'
+    spy frmSixPane rows "$1" 60 | awk 'NR <= 8 || /^\*/' | cut -c1-150 | sed '2,$s/^/     /'
 }
 
 show_panes() {
