@@ -8,6 +8,8 @@ namespace {
 constexpr ui::Twips kLine{315};
 constexpr ui::Twips kGap{45};
 constexpr ui::Twips kWidestLabel{1800};
+/// Brings the label's text onto the line of the text in the box.
+constexpr ui::Twips kTextInset{60};
 }  // namespace
 
 ListViewLayout layoutListView(ui::Size size, bool filterOpen) noexcept {
@@ -18,9 +20,10 @@ ListViewLayout layoutListView(ui::Size size, bool filterOpen) noexcept {
     const ui::Twips labelWidth = std::min(kWidestLabel, width / 2);
     const ui::Twips boxWidth = std::max(width - labelWidth - kGap, ui::Twips{0});
     const ui::Twips line = std::min(kLine, height);
+    const ui::Twips inset = std::min(kTextInset, line);
     const ui::Twips top = std::min(kLine + kGap, height);
     return {{{0}, {0}, boxWidth, line},
-            {width - labelWidth, {0}, labelWidth, line},
+            {width - labelWidth, inset, labelWidth, line - inset},
             {{0}, top, width, height - top}};
 }
 
