@@ -155,5 +155,47 @@ TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
     }
 }
 
+int windowsOfThread() {
+    int count = 0;
+    ::EnumThreadWindows(
+        ::GetCurrentThreadId(),
+        [](HWND, LPARAM counter) -> BOOL {
+            ++*reinterpret_cast<int*>(counter);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+void serveMessages() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
+        ::DispatchMessageW(&message);
+}
+
+/// One life of a browser: made, shown, ended.
+void liveOnce(const ServerDll& dll) {
+    const auto browser = dll.create<ISixPane>(__uuidof(::SixPane));
+    ASSERT_TRUE(browser);
+    Variant result;
+    ASSERT_EQ(browser->Create(makeBstr(u"Browser").get(), nullptr), S_OK);
+    ASSERT_EQ(browser->Init(result.out()), S_OK);
+    ASSERT_EQ(browser->PopUp(VARIANT_FALSE), S_OK);
+    serveMessages();
+    ASSERT_EQ(browser->Deinit(result.out()), S_OK);
+    ASSERT_EQ(browser->Destroy(), S_OK);
+}
+
+TEST_F(EarlyBound, AThousandBrowsersLeaveNoWindowAndNoReferenceBehind) {
+    liveOnce(dll);
+    serveMessages();
+    const int before = windowsOfThread();
+    for (int life = 0; life < 1000 && !HasFatalFailure(); ++life)
+        liveOnce(dll);
+    serveMessages();
+    EXPECT_EQ(windowsOfThread(), before);
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
+}
+
 }  // namespace
 }  // namespace quorel::server::testing
