@@ -13,20 +13,24 @@ tally() {
     note "${summary[-1]}"
 }
 
+# count_in FILE ATTRIBUTE: of the test suite in a JUnit file; nothing when there is no such file.
+count_in() { grep -zoP "<testsuite[^>]*?\\b$2=\"\\K[0-9]+" "$1" 2>/dev/null | tr -d '\0' | head -n 1 || true; }
+
 # The results of a ctest run are in its JUnit file.
 run_ctest() { # PRESET
-    local preset=$1 started=$SECONDS results=$top/build/$1/results.xml total bad
+    local preset=$1 started=$SECONDS results=$top/build/$1/results.xml total bad status=0
     say "Testing $preset"
     rm -f "$results"
-    ctest --preset "$preset" --output-junit "$results" >"$logs/$preset-test.log" 2>&1 || true
-    total=$(grep -oP '<testsuite[^>]*?\btests="\K[0-9]+' "$results" 2>/dev/null | head -n 1 || echo 0)
-    total=$(grep -zoP '<testsuite[^>]*?\btests="\K[0-9]+' "$results" 2>/dev/null | tr -d '\0' | head -n 1)
-    bad=$(grep -zoP '<testsuite[^>]*?\bfailures="\K[0-9]+' "$results" 2>/dev/null | tr -d '\0' | head -n 1)
+    ctest --preset "$preset" --output-junit "$results" >"$logs/$preset-test.log" 2>&1 || status=$?
+    total=$(count_in "$results" tests)
+    bad=$(count_in "$results" failures)
     if [[ -z $total || $total == 0 ]]; then
         tail -n 30 "$logs/$preset-test.log"
         total=1 bad=1
     fi
-    [[ $bad == 0 ]] || grep -E '\*\*\*|Failure|Error' "$logs/$preset-test.log" | head -n 60 || true
+    # Tests that could not be run are no failures to ctest's file, but to its exit code.
+    if [[ $status != 0 && $bad == 0 ]]; then bad=1; fi
+    [[ $bad == 0 ]] || sed -n '/Failure$/,/^$/p; /tests FAILED:/,$p' "$logs/$preset-test.log" | head -n 80
     tally "$preset" $((total - bad)) "$bad" $((SECONDS - started))
 }
 
