@@ -38,7 +38,11 @@ ListView::ListView(std::u16string_view name, ui::Desktop& desktop)
     filterBox_->setCueText(u"Filter");
     shownLabel_->setVisible(false);
     list_->setSource(this);
-    list_->onSelect.connect([this] { onClick.raise(); });
+    list_->onSelect.connect([this] {
+        onSelectionChanged.raise();
+        onClick.raise();
+    });
+    list_->onDeselect.connect([this] { onSelectionChanged.raise(); });
     list_->onActivate.connect([this] { onDoubleClick.raise(); });
     list_->onColumnClick.connect([this](std::size_t column) { clickedColumn(column); });
     list_->onColumnResize.connect(
@@ -171,6 +175,7 @@ void ListView::setSelectedObject(const Object& object) {
     if (row && !view_.viewRowOf(*row))
         closeFilter();
     list_->selectRow(row ? view_.viewRowOf(*row) : std::nullopt);
+    onSelectionChanged.raise();
 }
 
 void ListView::setPaneColour(ui::Colour colour) {
@@ -183,6 +188,7 @@ void ListView::showRows(std::optional<std::size_t> selected) {
     list_->selectRow(selected ? view_.viewRowOf(*selected) : std::nullopt);
     shownLabel_->setText(suffixed(automation::decimal(static_cast<std::int64_t>(shownCount())), u" of ") +
                          automation::decimal(static_cast<std::int64_t>(count())));
+    onSelectionChanged.raise();
 }
 
 std::u16string ListView::cellText(std::size_t viewRow, std::size_t column) {

@@ -85,8 +85,10 @@ class ListView : public ui::Panel, private ui::RowSource {
     /// The background of the rows.
     void setPaneColour(ui::Colour colour);
 
-    ui::Event<> onClick;         ///< the user selected a row, by mouse or keyboard
-    ui::Event<> onDoubleClick;   ///< also Enter on the selected row
+    ui::Event<> onClick;        ///< the user selected a row, by mouse or keyboard
+    ui::Event<> onDoubleClick;  ///< also Enter on the selected row
+    /// `selectedObject` may be another one now, whoever changed it. Comes before `onClick`.
+    ui::Event<> onSelectionChanged;
     ui::Event<> onCountChanged;  ///< `count` or `shownCount` may be different now, whoever changed it
     /// A visible cell could not be read; it shows a mark. Comes once a fill, from the message loop.
     ui::Event<const automation::Error&> onCellError;

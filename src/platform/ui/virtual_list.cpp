@@ -50,9 +50,12 @@ void VirtualList::selectRow(std::optional<std::size_t> row) {
 
 void VirtualList::userSelected(std::optional<std::size_t> row) {
     const auto alive = keepFormAlive();
+    const bool wasSelected = selected_.has_value();
     selected_ = row && *row < rowCount_ ? row : std::nullopt;
     if (selected_)
         onSelect.raise();
+    else if (wasSelected)
+        onDeselect.raise();
 }
 
 void VirtualList::userActivated() {

@@ -67,6 +67,7 @@ class VirtualList : public Control {
 
     Event<> onSelect;    ///< the user selected a row, or clicked the selected one again; not when
                          ///< the selection was taken away
+    Event<> onDeselect;  ///< the user took the selection away
     Event<> onActivate;  ///< double-click or Enter on the selected row
     Event<std::size_t> onColumnClick;   ///< a click on the header of that column
     Event<std::size_t> onColumnResize;  ///< the user changed a column's width

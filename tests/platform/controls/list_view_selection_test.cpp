@@ -32,6 +32,22 @@ TEST_F(ListViewTest, SelectingAnObjectThatIsARowCallsNobodyAndRaisesNothing) {
     EXPECT_EQ(countChanges, 0);
 }
 
+TEST_F(ListViewTest, EveryChangeOfTheSelectionIsTold) {
+    fill();
+    std::vector<bool> selected;
+    view.onSelectionChanged.connect([&] { selected.push_back(static_cast<bool>(view.selectedObject())); });
+    user.selectRow(view.list(), 4);
+    user.clickBelowRows(view.list());
+    view.setSelectedObject(model.nodes[3]);
+    view.removeObject(model.nodes[3]);
+    EXPECT_EQ(selected, (std::vector<bool>{true, false, true, false}));
+    view.setSelectedObject(model.nodes[4]);
+    selected.clear();
+    view.empty();
+    ASSERT_FALSE(selected.empty());
+    EXPECT_FALSE(selected.back());
+}
+
 TEST_F(ListViewTest, AnotherObjectOfTheSameIdentifierSelectsItsRow) {
     fill();
     const auto twin = automation::make<Thing>(model.calls);
