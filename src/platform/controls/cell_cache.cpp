@@ -39,4 +39,9 @@ void CellCache::store(std::size_t row, std::size_t column, std::u16string text) 
     slot.cells[column] = std::move(text);
 }
 
+void CellCache::forget(std::size_t row) noexcept {
+    if (!slots_.empty() && slots_[row % slots_.size()].row == row)
+        slots_[row % slots_.size()].cells.clear();
+}
+
 }  // namespace quorel::controls

@@ -14,6 +14,7 @@ class CellCache {
     /// Makes room for that many rows at a time, within reason.
     void reserveRows(std::size_t rows);
     void clear() noexcept;
+    void forget(std::size_t row) noexcept;
 
     [[nodiscard]] const std::u16string* find(std::size_t row, std::size_t column) const noexcept;
     void store(std::size_t row, std::size_t column, std::u16string text);

@@ -106,11 +106,25 @@ void ListView::dropRows() {
     showRows(std::nullopt);
 }
 
-void ListView::dropColumns() {
-    ++generation_;
+void ListView::refreshObject(const Object& object) {
+    const auto alive = keepFormAlive();
+    const std::optional<std::size_t> row = rowOf(object);
+    const std::optional<std::size_t> viewRow = row ? view_.viewRowOf(*row) : std::nullopt;
+    if (!viewRow)
+        return;
+    cache_.forget(*viewRow);
+    list_->rowsChanged();
+}
+
+void ListView::endSorting() {
     sortOrder_ = ui::SortOrder::None;
     sortColumn_ = 0;
     view_.clearOrder();
+}
+
+void ListView::dropColumns() {
+    ++generation_;
+    endSorting();
     columns_.clear();
     setFilterColumn(0);
     showColumns();
@@ -251,9 +265,26 @@ void ListView::placeChildren() {
 ui::Twips ListView::widthOf(std::size_t column) const {
     if (const auto known = userWidths_.find(columns_.title(column)); known != userWidths_.end())
         return known->second;
+    if (columns_.width(column) > ui::Twips{0})
+        return columns_.width(column);
     if (columns_.size() == 1)
         return std::max(bounds().width - kScrollBarRoom, kNameWidth);
     return column == 0 ? kNameWidth : kOtherWidth;
+}
+
+void ListView::addColumn(std::u16string_view caption, std::u16string_view key, ui::Twips width) {
+    const auto alive = keepFormAlive();
+    columns_.add(caption, key, width);
+    cache_.clear();
+    showColumns();
+}
+
+void ListView::addPropertyColumn(std::u16string_view caption, std::u16string_view key, LinkEnd end,
+                                 ui::Twips width) {
+    const auto alive = keepFormAlive();
+    columns_.addEndProperty(caption, key, end, width);
+    cache_.clear();
+    showColumns();
 }
 
 void ListView::showColumns() {

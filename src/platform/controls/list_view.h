@@ -57,11 +57,28 @@ class ListView : public ui::Panel, private ui::RowSource {
     /// `metaLink.Extension`; name, source and target (the names of the ends), and with columns one for each
     /// of `metaLink.Properties`.
     void fillWithLinks(const automation::Object& metaLink, bool withColumns);
+    /// `metaNode.incoming` or `metaNode.outgoing`; with columns the column is the name, without them the
+    /// columns that are there stay.
+    void fillWithIncomingMetaLinks(const automation::Object& metaNode, bool withColumns);
+    void fillWithOutgoingMetaLinks(const automation::Object& metaNode, bool withColumns);
+    /// `node.Incoming_(metaLink.name)` or `node.Outgoing_(metaLink.name)`. The columns that are there stay;
+    /// in front of them is the name of the node at the other end.
+    void fillWithIncomingLinks(const automation::Object& node, const automation::Object& metaLink);
+    void fillWithOutgoingLinks(const automation::Object& node, const automation::Object& metaLink);
+
+    // Columns that the owner gives, for the fills that keep them (see `ListColumns`).
+    // --------------------------------------------------------------------
+    void addColumn(std::u16string_view caption, std::u16string_view key, ui::Twips width);
+    void addPropertyColumn(std::u16string_view caption, std::u16string_view key, LinkEnd end,
+                           ui::Twips width);
 
     /// Adds a row: at the end, or where the sorting puts it. While a filter is on, it is shown if it matches.
     void addObject(const automation::Object& object);
     /// Removes the row of the object (found as `setSelectedObject` finds it), if there is one.
     void removeObject(const automation::Object& object);
+    /// Reads the row of the object (found as `setSelectedObject` finds it) anew when it is next seen. Its
+    /// place in a sorted or filtered list stays.
+    void refreshObject(const automation::Object& object);
 
     /// Drops the rows, the selection and the filter.
     void clearRows();
@@ -113,7 +130,10 @@ class ListView : public ui::Panel, private ui::RowSource {
         RowKind kind;
         automation::Object owner;
         std::u16string_view collection;
-        bool withProperties;
+        bool withProperties = false;
+        bool keepsColumns = false;
+        automation::Object along{};  ///< of the links of a node: their meta link
+        LinkEnd farEnd = LinkEnd::Target;
     };
     /// Tells whether rows, columns or order were replaced since it was made.
     class Overtaken;
@@ -132,11 +152,14 @@ class ListView : public ui::Panel, private ui::RowSource {
 
     // Filling and changing rows.
     void fill(const FillRequest& request);
+    void prepareColumns(const FillRequest& request);
+    void readRows(const FillRequest& request, std::uint64_t generation, RowStore& incoming);
     void readProperties(const automation::Object& metaObject, std::uint64_t generation);
     void enumerate(const automation::Object& collection, std::uint64_t generation, RowStore& incoming) const;
     void install(std::uint64_t generation, RowStore incoming);
     void dropRows();
     void dropColumns();
+    void endSorting();
     [[nodiscard]] std::optional<std::size_t> selectedRow() const;
     [[nodiscard]] std::optional<std::size_t> rowOf(const automation::Object& object) const;
     [[nodiscard]] std::optional<std::size_t> rowWithKeyOf(const automation::Object& object) const;

@@ -29,21 +29,54 @@ void ListView::fillWithLinks(const Object& metaLink, bool withColumns) {
     fill({RowKind::Links, metaLink, u"Extension", withColumns});
 }
 
+void ListView::fillWithIncomingMetaLinks(const Object& metaNode, bool withColumns) {
+    fill({RowKind::MetaLinks, metaNode, u"incoming", false, !withColumns});
+}
+
+void ListView::fillWithOutgoingMetaLinks(const Object& metaNode, bool withColumns) {
+    fill({RowKind::MetaLinks, metaNode, u"outgoing", false, !withColumns});
+}
+
+void ListView::fillWithIncomingLinks(const Object& node, const Object& metaLink) {
+    fill({RowKind::Links, node, u"Incoming_", false, true, metaLink, LinkEnd::Source});
+}
+
+void ListView::fillWithOutgoingLinks(const Object& node, const Object& metaLink) {
+    fill({RowKind::Links, node, u"Outgoing_", false, true, metaLink, LinkEnd::Target});
+}
+
+void ListView::prepareColumns(const FillRequest& request) {
+    if (request.keepsColumns) {
+        endSorting();
+        columns_.setKind(request.kind);
+        if (request.kind == RowKind::Links)
+            columns_.beginWithEndName(request.farEnd);
+    } else {
+        dropColumns();
+        columns_.reset(request.kind);
+    }
+    setFilterColumn(0);
+    showColumns();
+}
+
+void ListView::readRows(const FillRequest& request, std::uint64_t generation, RowStore& incoming) {
+    if (request.withProperties && (request.kind == RowKind::Nodes || request.kind == RowKind::Links))
+        readProperties(request.owner, generation);
+    const bool ofNode = request.keepsColumns && request.kind == RowKind::Links;
+    const Value collection = ofNode ? request.owner.get(request.collection, request.along.get(u"name"))
+                                    : request.owner.get(request.collection);
+    enumerate(collection.toObject(), generation, incoming);
+}
+
 void ListView::fill(const FillRequest& request) {
     const auto alive = keepFormAlive();
     const ui::WaitPointer wait(desktop_);
     dropRows();
-    dropColumns();
-    columns_.reset(request.kind);
-    setFilterColumn(0);
-    showColumns();
+    prepareColumns(request);
     const std::uint64_t generation = ++generation_;
     RowStore incoming;
     try {
-        const bool areInstances = request.kind == RowKind::Nodes || request.kind == RowKind::Links;
-        if (request.withProperties && areInstances)
-            readProperties(request.owner, generation);
-        enumerate(request.owner.get(request.collection).toObject(), generation, incoming);
+        readRows(request, generation, incoming);
     } catch (...) {
         install(generation, std::move(incoming));
         throw;
