@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/ui/check_box.h"
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/form.h"
@@ -36,8 +37,10 @@ class Backend {
 
     // What the user does.
     // --------------------------------------------------------------------
-    /// A click with the left button in the middle of a button, a picture box or a text box.
+    /// A click with the left button in the middle of a button, a check box, a picture box or a text box; two
+    /// of them fast.
     virtual void click(ui::Control& control) = 0;
+    virtual void doubleClick(ui::Control& control) = 0;
     /// Replaces the whole text of a box by `text`, typed or pasted.
     virtual void enterText(ui::TextBox& box, std::u16string_view text) = 0;
     /// A key goes to the control that has the focus.
@@ -63,6 +66,7 @@ class Backend {
     [[nodiscard]] virtual bool seesControl(const ui::Control& control) = 0;
     /// The text that the native window holds: the control's by `ui::shownText`, marks of access keys and all.
     [[nodiscard]] virtual std::u16string seenText(const ui::Control& control) = 0;
+    [[nodiscard]] virtual ui::CheckValue seenCheck(const ui::CheckBox& box) = 0;
     [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                                   std::size_t column) = 0;
     [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/automation/text.h"
+#include "platform/ui/check_box.h"
 #include "platform/ui/control_visitor.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
@@ -56,6 +57,10 @@ class Describer final : public ui::ControlVisitor {
         const ui::Form* const form = button.form();
         extra += form != nullptr && form->defaultButton() == &button ? " default" : "";
         extra += form != nullptr && form->cancelButton() == &button ? " cancel" : "";
+    }
+    void visit(ui::CheckBox& box) override {
+        kind = "CheckBox";
+        extra = box.value() == ui::CheckValue::Grayed ? " grayed" : box.isChecked() ? " checked" : "";
     }
     void visit(ui::PictureBox&) override { kind = "PictureBox"; }
     void visit(ui::VirtualList& list) override {

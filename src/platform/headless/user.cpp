@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/automation/text.h"
+#include "platform/ui/check_box.h"
 
 namespace quorel::headless {
 
@@ -50,6 +51,8 @@ void User::click(ui::Control& control) {
     if (control.isUsable()) {
         if (auto* const button = dynamic_cast<ui::Button*>(&control))
             button->userClicked();
+        else if (auto* const box = dynamic_cast<ui::CheckBox*>(&control))
+            box->userToggled();
         else if (auto* const picture = dynamic_cast<ui::PictureBox*>(&control))
             picture->userClicked();
     }

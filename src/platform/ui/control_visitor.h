@@ -3,6 +3,7 @@
 namespace quorel::ui {
 
 class Button;
+class CheckBox;
 class Form;
 class Label;
 class Panel;
@@ -20,6 +21,7 @@ class ControlVisitor {
     virtual void visit(Label& label) = 0;
     virtual void visit(TextBox& box) = 0;
     virtual void visit(Button& button) = 0;
+    virtual void visit(CheckBox& box) = 0;
     virtual void visit(PictureBox& box) = 0;
     virtual void visit(VirtualList& list) = 0;
     virtual void visit(StatusBar& bar) = 0;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/ui/access_key.h"
+#include "platform/ui/check_box.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/ui/tab_order.h"
 #include "platform/ui/virtual_list.h"
@@ -20,10 +21,21 @@ bool moveFocus(Control* target) {
     return true;
 }
 
-bool press(Button* button) {
-    if (button == nullptr || !button->isUsable())
+[[nodiscard]] bool isPressable(const Control* control) noexcept {
+    return dynamic_cast<const Button*>(control) != nullptr ||
+           dynamic_cast<const CheckBox*>(control) != nullptr;
+}
+
+/// Clicks a button, turns a check box over.
+bool press(Control* control) {
+    if (control == nullptr || !control->isUsable())
         return false;
-    button->userClicked();
+    if (auto* const button = dynamic_cast<Button*>(control))
+        button->userClicked();
+    else if (auto* const box = dynamic_cast<CheckBox*>(control))
+        box->userToggled();
+    else
+        return false;
     return true;
 }
 
@@ -31,8 +43,7 @@ void collectKeyed(const Container& container, char16_t key, std::vector<Control*
     for (const std::unique_ptr<Control>& child : container.children()) {
         if (!child->isVisible() || !child->isEnabled())
             continue;
-        const bool captioned = dynamic_cast<const Label*>(child.get()) != nullptr ||
-                               dynamic_cast<const Button*>(child.get()) != nullptr;
+        const bool captioned = dynamic_cast<const Label*>(child.get()) != nullptr || isPressable(child.get());
         if (captioned && accessKey(child->text()) == key)
             found.push_back(child.get());
         if (const auto* inner = dynamic_cast<const Container*>(child.get()))
@@ -51,11 +62,10 @@ bool pressAccessKey(Form& form, char16_t key) {
     Control* const bearer = focused == bearers.end() || std::next(focused) == bearers.end()
                                 ? bearers.front()
                                 : *std::next(focused);
-    auto* const button = dynamic_cast<Button*>(bearer);
-    if (button == nullptr)
+    if (!isPressable(bearer))
         return moveFocus(nextTabStop(form, bearer));
-    moveFocus(button);
-    return alone ? press(button) : true;
+    moveFocus(bearer);
+    return alone ? press(bearer) : true;
 }
 
 bool pressEnter(Form& form) {
@@ -89,7 +99,7 @@ bool pressDialogKey(Form& form, KeyChord chord) {
     if (chord == KeyChord{Key::Escape})
         return press(form.cancelButton());
     if (chord == KeyChord{Key::Space})
-        return press(dynamic_cast<Button*>(focused));
+        return press(focused);
     if (chord.modifiers == Modifiers::Alt)
         return pressAccessKey(form, static_cast<char16_t>(chord.key));
     return false;

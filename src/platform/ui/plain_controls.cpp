@@ -1,9 +1,19 @@
 #include "platform/ui/plain_controls.h"
 
+#include <algorithm>
+
 #include "platform/ui/control_visitor.h"
 #include "platform/ui/form.h"
 
 namespace quorel::ui {
+
+namespace {
+
+constexpr Twips kGlyphSide{240};
+constexpr Twips kGlyphBorder{30};
+constexpr std::int32_t kPictureDpi = 96;
+
+}  // namespace
 
 void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
@@ -46,8 +56,26 @@ void Button::accept(ControlVisitor& visitor) {
 }
 
 void Button::setPicture(std::shared_ptr<const Picture> picture) {
+    glyph_.reset();
     picture_ = std::move(picture);
     changed(Change::Items);
+}
+
+void Button::setGlyph(std::shared_ptr<const Glyph> glyph) {
+    picture_.reset();
+    glyph_ = std::move(glyph);
+    changed(Change::Items);
+}
+
+Picture Button::pictureAt(std::int32_t dpi) const {
+    if (glyph_) {
+        const Twips room = std::min(bounds().width, bounds().height) - kGlyphBorder * 2;
+        return rasterise(*glyph_, toPixels(std::min(kGlyphSide, room), dpi));
+    }
+    if (!picture_)
+        return {};
+    const auto grown = [dpi](std::int32_t pixels) { return toPixels(toTwips(pixels, kPictureDpi), dpi); };
+    return scaled(*picture_, grown(picture_->width), grown(picture_->height));
 }
 
 void Button::userClicked() {

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "platform/ui/control.h"
+#include "platform/ui/glyph.h"
+#include "platform/ui/picture.h"
 
 namespace quorel::ui {
 
@@ -47,21 +49,21 @@ class TextBox : public Control {
     bool allSelected_ = false;
 };
 
-/// An RGBA image, rows from the top, four bytes a pixel (red, green, blue, alpha, not premultiplied).
-struct Picture {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    std::vector<std::uint8_t> rgba;
-};
-
 class Button : public Control {
   public:
     explicit Button(std::u16string_view name) : Control(name) {}
     void accept(ControlVisitor& visitor) override;
 
-    /// Shown instead of the text, which stays the name for screen readers.
+    /// Shown instead of the text, which stays the name for screen readers. Its pixels are those of 96 dots
+    /// per inch; it grows with the resolution. Takes the place of a glyph.
     [[nodiscard]] const std::shared_ptr<const Picture>& picture() const noexcept { return picture_; }
     void setPicture(std::shared_ptr<const Picture> picture);
+    /// A drawing instead of the text, crisp at every resolution: 240 twips square, less in a small button.
+    /// Takes the place of a picture.
+    [[nodiscard]] const std::shared_ptr<const Glyph>& glyph() const noexcept { return glyph_; }
+    void setGlyph(std::shared_ptr<const Glyph> glyph);
+    /// What is shown at that resolution; empty when the text is.
+    [[nodiscard]] Picture pictureAt(std::int32_t dpi) const;
 
     Event<> onClick;
 
@@ -69,6 +71,7 @@ class Button : public Control {
 
   private:
     std::shared_ptr<const Picture> picture_;
+    std::shared_ptr<const Glyph> glyph_;
 };
 
 /// Shows a picture in its natural size, or just its background.

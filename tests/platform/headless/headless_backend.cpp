@@ -15,6 +15,10 @@ class HeadlessBackend final : public Backend {
     }
 
     void click(ui::Control& control) override { user_.click(control); }
+    void doubleClick(ui::Control& control) override {
+        user_.click(control);
+        user_.click(control);
+    }
     void enterText(ui::TextBox& box, std::u16string_view text) override { user_.enterText(box, text); }
     void press(ui::Form& form, ui::KeyChord chord) override { user_.press(form, chord); }
     void clickRow(ui::VirtualList& list, std::size_t row) override { user_.selectRow(list, row); }
@@ -43,6 +47,7 @@ class HeadlessBackend final : public Backend {
     [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
         return control.peer() != nullptr ? ui::shownText(control.text()) : std::u16string();
     }
+    [[nodiscard]] ui::CheckValue seenCheck(const ui::CheckBox& box) override { return box.value(); }
     [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                           std::size_t column) override {
         return ui::shownText(list.cellText(row, column));

@@ -1,10 +1,12 @@
 #pragma once
 
-// The windows of the controls that take input: text box, button, splitter.
+// The windows of the controls that take input: text box, button, check box, splitter.
 
+#include "platform/ui/check_box.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/win32/ui/native_window.h"
 #include "platform/win32/ui/pictures.h"
+#include "platform/win32/ui/system_headers.h"
 
 namespace quorel::win32 {
 
@@ -32,17 +34,34 @@ class ButtonWindow : public NativeWindow {
   public:
     ButtonWindow(std::shared_ptr<Frame> frame, ui::Button& button) : NativeWindow(std::move(frame), button) {}
     void commanded(WORD code) override;
+    [[nodiscard]] std::optional<LRESULT> notified(NMHDR& header) override;
+    void rescaled() override;
 
   private:
     [[nodiscard]] Description describe() override;
     void mirror(ui::Change changes) override;
     LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     void mirrorPicture();
+    void drawPicture(const NMCUSTOMDRAW& drawing) const;
     void showDefault(bool isDefault) const;
     void restoreDefault() const;
     [[nodiscard]] ui::Button& button() const noexcept { return static_cast<ui::Button&>(*control()); }
 
     CountedIcon icon_;
+    CountedBitmap usable_;
+    CountedBitmap dimmed_;
+    SIZE size_{};
+};
+
+class CheckWindow : public NativeWindow {
+  public:
+    CheckWindow(std::shared_ptr<Frame> frame, ui::CheckBox& box) : NativeWindow(std::move(frame), box) {}
+    void commanded(WORD code) override;
+
+  private:
+    [[nodiscard]] Description describe() override;
+    void mirror(ui::Change changes) override;
+    [[nodiscard]] ui::CheckBox& box() const noexcept { return static_cast<ui::CheckBox&>(*control()); }
 };
 
 class SplitterWindow : public NativeWindow {

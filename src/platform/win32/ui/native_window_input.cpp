@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ui/check_box.h"
 #include "platform/ui/dialog_keys.h"
 #include "platform/ui/form.h"
 #include "platform/ui/plain_controls.h"
@@ -45,10 +46,15 @@ namespace {
     return chord;
 }
 
+[[nodiscard]] bool isButton(const ui::Control* control) noexcept {
+    return dynamic_cast<const ui::Button*>(control) != nullptr ||
+           dynamic_cast<const ui::CheckBox*>(control) != nullptr;
+}
+
 /// Arrow keys walk along neighbouring buttons.
 [[nodiscard]] bool walkButtons(ui::Form& form, ui::KeyChord chord) {
-    const auto* const button = dynamic_cast<ui::Button*>(form.focusedControl());
-    if (button == nullptr || chord.modifiers != ui::Modifiers::None)
+    const ui::Control* const button = form.focusedControl();
+    if (!isButton(button) || chord.modifiers != ui::Modifiers::None)
         return false;
     const bool back = chord.key == ui::Key::Left || chord.key == ui::Key::Up;
     if (!back && chord.key != ui::Key::Right && chord.key != ui::Key::Down)
@@ -61,16 +67,14 @@ namespace {
     if (next < 0 || next >= static_cast<std::ptrdiff_t>(siblings.size()))
         return true;
     ui::Control& neighbour = *siblings[static_cast<std::size_t>(next)];
-    if (dynamic_cast<ui::Button*>(&neighbour) != nullptr && neighbour.isUsable() && neighbour.isTabStop() &&
-        neighbour.peer() != nullptr)
+    if (isButton(&neighbour) && neighbour.isUsable() && neighbour.isTabStop() && neighbour.peer() != nullptr)
         neighbour.peer()->takeFocus();
     return true;
 }
 
 /// The system's button presses itself on Space, when the key comes up.
 [[nodiscard]] bool isNativePress(const ui::Form& form, ui::KeyChord chord) {
-    return chord == ui::KeyChord{ui::Key::Space} &&
-           dynamic_cast<ui::Button*>(form.focusedControl()) != nullptr;
+    return chord == ui::KeyChord{ui::Key::Space} && isButton(form.focusedControl());
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ class Factory final : public ui::ControlVisitor {
     void visit(ui::Label& label) override { make<LabelWindow>(label); }
     void visit(ui::TextBox& box) override { make<TextWindow>(box); }
     void visit(ui::Button& button) override { make<ButtonWindow>(button); }
+    void visit(ui::CheckBox& box) override { make<CheckWindow>(box); }
     void visit(ui::PictureBox& box) override { make<PictureWindow>(box); }
     void visit(ui::VirtualList& list) override { make<ListWindow>(list); }
     void visit(ui::StatusBar& bar) override { make<StatusWindow>(bar); }

@@ -6,15 +6,6 @@ namespace quorel::win32 {
 
 namespace {
 
-constexpr std::int32_t kMostPixels = 1 << 14;
-
-[[nodiscard]] bool isWhole(const ui::Picture& picture) noexcept {
-    return picture.width > 0 && picture.height > 0 && picture.width <= kMostPixels &&
-           picture.height <= kMostPixels &&
-           picture.rgba.size() ==
-               static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height) * 4;
-}
-
 [[nodiscard]] BITMAPINFO topDown32(LONG width, LONG height) noexcept {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);

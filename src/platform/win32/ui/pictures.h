@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/ui/plain_controls.h"
+#include "platform/ui/picture.h"
 #include "platform/win32/ui/live_counts.h"
 
 namespace quorel::win32 {

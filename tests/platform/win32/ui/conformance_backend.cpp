@@ -92,6 +92,10 @@ class NativeBackend final : public Backend {
         const HWND window = native::windowFor(control);
         native::click(window, native::middleOf(window));
     }
+    void doubleClick(ui::Control& control) override {
+        const HWND window = native::windowFor(control);
+        native::doubleClick(window, native::middleOf(window));
+    }
     void enterText(ui::TextBox& box, std::u16string_view text) override;
     void press(ui::Form& form, ui::KeyChord chord) override { native::press(native::windowFor(form), chord); }
     void clickRow(ui::VirtualList& list, std::size_t row) override {
@@ -120,6 +124,9 @@ class NativeBackend final : public Backend {
     [[nodiscard]] bool seesControl(const ui::Control& control) override { return sees(control); }
     [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
         return control.peer() != nullptr ? native::textOf(native::windowFor(control)) : std::u16string();
+    }
+    [[nodiscard]] ui::CheckValue seenCheck(const ui::CheckBox& box) override {
+        return static_cast<ui::CheckValue>(::SendMessageW(native::windowFor(box), BM_GETCHECK, 0, 0));
     }
     [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                           std::size_t column) override {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/automation/text.h"
+#include "platform/ui/glyphs.h"
 
 namespace quorel::win32::testing {
 
@@ -80,6 +81,7 @@ Gallery::Gallery(ui::Desktop& desktop, std::u16string_view name)
     pictured = &form->add<ui::Button>(u"Pictured");
     pictured->setText(u"Green");
     pictured->setPicture(disc(16, {40, 140, 60}));
+    addChoices();
     ok = &form->add<ui::Button>(u"OK");
     ok->setText(u"OK");
     cancel = &form->add<ui::Button>(u"Cancel");
@@ -92,6 +94,27 @@ Gallery::Gallery(ui::Desktop& desktop, std::u16string_view name)
     layOut();
 }
 
+void Gallery::addChoices() {
+    using namespace ui::glyphs;
+    for (const Shared& drawing :
+         {plus(), minus(), newNode(), link(), newLink(), ui::glyphs::remove(), tick(), cross(), save(),
+          open(), refresh(), back(), forward(), search(), revert()}) {
+        ui::Button& button = form->add<ui::Button>(u"Glyph");
+        button.setText(u"Glyph");
+        button.setGlyph(drawing);
+        button.setToolTip(u"A drawing");
+        glyphs.push_back(&button);
+    }
+    glyphs[3]->setEnabled(false);
+    glyphs[5]->setEnabled(false);
+    check = &form->add<ui::CheckBox>(u"Check");
+    check->setText(u"Dynamic d&irection");
+    check->setChecked(true);
+    grayed = &form->add<ui::CheckBox>(u"Grayed");
+    grayed->setText(u"Undecided");
+    grayed->setValue(ui::CheckValue::Grayed);
+}
+
 void Gallery::layOut() {
     const ui::Size size = form->clientSize();
     const Twips gap = 120_tw, line = 330_tw, bar = 330_tw, foot = 540_tw, top = 1500_tw;
@@ -102,6 +125,13 @@ void Gallery::layOut() {
     notes->setBounds({half + gap, gap, size.width - half - gap * 2, top - gap * 2});
     picture->setBounds({gap, gap + 660_tw, 600_tw, 600_tw});
     pictured->setBounds({900_tw, gap + 720_tw, 480_tw, 420_tw});
+    Twips left = gap;
+    for (ui::Button* const button : glyphs) {
+        button->setBounds({left, bottom + 120_tw, 300_tw, 300_tw});
+        left += 330_tw;
+    }
+    check->setBounds({1500_tw, gap + 630_tw, 1800_tw, 300_tw});
+    grayed->setBounds({1500_tw, gap + 930_tw, 1800_tw, 300_tw});
     list->setBounds({gap, top, half - gap, bottom - top});
     splitter->setBounds({half, top, gap, bottom - top});
     side->setBounds({half + gap, top, size.width - half - gap * 2, bottom - top});

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ui/check_box.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/form.h"
 #include "platform/ui/menu.h"
@@ -40,12 +41,18 @@ struct Gallery {
     ui::VirtualList* side = nullptr;
     ui::PictureBox* picture = nullptr;
     ui::Button* pictured = nullptr;
+    std::vector<ui::Button*> glyphs;
+    ui::CheckBox* check = nullptr;
+    ui::CheckBox* grayed = nullptr;
     ui::Button* ok = nullptr;
     ui::Button* cancel = nullptr;
     ui::StatusBar* status = nullptr;
     ui::Twips split{4200};
 
     void layOut();
+
+  private:
+    void addChoices();
 };
 
 /// A disc with soft edges on a transparent ground.
