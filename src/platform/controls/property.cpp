@@ -1,0 +1,250 @@
+#include "platform/controls/property.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/controls/cell_text.h"
+#include "platform/controls/property_layout.h"
+#include "platform/ui/check_box.h"
+#include "platform/ui/form.h"
+#include "platform/ui/plain_controls.h"
+
+namespace quorel::controls {
+
+using automation::Object;
+using ui::Twips;
+using namespace ui::literals;
+
+namespace {
+
+constexpr Twips kScrollBarRoom = 330_tw;
+constexpr Twips kLeastColumn = 600_tw;
+constexpr std::u16string_view kUnfoldedMark = u"\u25BE ";
+constexpr std::u16string_view kFoldedMark = u"\u25B8 ";
+
+[[nodiscard]] std::u16string suffixed(std::u16string_view name, std::u16string_view suffix) {
+    std::u16string text(name);
+    text += suffix;
+    return text;
+}
+
+}  // namespace
+
+// The editors come before the list: what comes first lies on top.
+Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files)
+    : Panel(suffixed(name, u".View")),
+      desktop_(desktop),
+      files_(files),
+      searchBox_(&add<ui::TextBox>(suffixed(name, u".Search"))),
+      textBox_(&add<ui::TextBox>(suffixed(name, u".Text"))),
+      linesBox_(&add<ui::TextBox>(suffixed(name, u".Lines"))),
+      checkBox_(&add<ui::CheckBox>(suffixed(name, u".Check"))),
+      browseButton_(&add<ui::Button>(suffixed(name, u".Browse"))),
+      message_(&add<ui::Label>(suffixed(name, u".Message"))),
+      list_(&add<ui::VirtualList>(name)),
+      title_(&add<ui::Label>(suffixed(name, u".Title"))),
+      description_(&add<ui::Label>(suffixed(name, u".Description"))) {
+    searchBox_->setCueText(u"Search properties");
+    linesBox_->setMultiLine(true);
+    browseButton_->setText(u"\u2026");
+    message_->setBackground(ui::Colour{255, 228, 225});
+    for (ui::Control* const editor :
+         {static_cast<ui::Control*>(textBox_), static_cast<ui::Control*>(linesBox_),
+          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(browseButton_),
+          static_cast<ui::Control*>(message_)})
+        editor->setVisible(false);
+    for (ui::TextBox* const box : {textBox_, linesBox_})
+        box->onChange.connect([this, box] { typed(box->text()); });
+    checkBox_->onClick.connect([this] { typed(checkBox_->isChecked() ? u"True" : u"False"); });
+    browseButton_->onClick.connect([this] { browse(); });
+    for (ui::Control* const editor :
+         {static_cast<ui::Control*>(textBox_), static_cast<ui::Control*>(linesBox_),
+          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(browseButton_)}) {
+        editor->onKeyDown.connect([this](ui::KeyEvent& event) { keyInEditor(event); });
+        editor->onLostFocus.connect([this] { editorLost(); });
+    }
+    searchBox_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInSearch(event); });
+    searchBox_->onChange.connect([this] {
+        act([this] {
+            endEdit();
+            lines_.setSearch(searchBox_->text());
+            rearrange();
+        });
+    });
+    list_->setSource(this);
+    list_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInList(event); });
+    list_->onSelect.connect([this] { showDescription(); });
+    list_->onActivate.connect([this] {
+        if (const auto line = list_->selectedRow())
+            beginEdit(*line);
+    });
+    list_->onColumnResize.connect([this](std::size_t) {
+        nameWidth_ = list_->columns()[0].width;
+        placeEditor();
+    });
+    model_.onShownChanged.connect([this] {
+        list_->rowsChanged();
+        showDescription();
+    });
+    buildMenu();
+    placeColumns();
+}
+
+Property::~Property() {
+    list_->setSource(nullptr);
+}
+
+void Property::initialise() {
+    release();
+    lines_ = PropertyLines();
+    searchBox_->setText(u"");
+}
+
+void Property::build() {
+    const auto form = keepFormAlive();
+    closeEditor();
+    model_.build();
+    failureReported_ = false;
+    rearrange();
+}
+
+void Property::release() {
+    const auto form = keepFormAlive();
+    closeEditor();
+    lines_.clear();
+    failureReported_ = false;
+    model_.release();
+}
+
+void Property::close() {
+    release();
+    path_.clear();
+}
+
+void Property::setRepObject(Object object) {
+    const auto form = keepFormAlive();
+    closeEditor();
+    failureReported_ = false;
+    model_.setObject(std::move(object));
+}
+
+void Property::setReadOnly(bool readOnly) {
+    if (readOnly)
+        closeEditor();
+    model_.setReadOnly(readOnly);
+}
+
+void Property::apply() {
+    const auto form = keepFormAlive();
+    commit();
+    closeEditor();
+    model_.apply();
+}
+
+void Property::rearrange() {
+    const Item selected = selectedItem();
+    lines_.arrange(model_);
+    list_->rowsChanged();
+    list_->selectRow(lines_.lineOf(selected));
+    showDescription();
+}
+
+Property::Item Property::selectedItem() const {
+    const std::optional<std::size_t> line = list_->selectedRow();
+    return line && *line < lines_.size() ? lines_[*line].item : Item();
+}
+
+void Property::toggleHeading(std::size_t line) {
+    lines_.toggle(lines_[line].category);
+    rearrange();
+    list_->selectRow(line);
+}
+
+// What the list shows.
+// ------------------------------------------------------------------------
+
+std::u16string Property::headingText(const std::u16string& category) const {
+    return suffixed(lines_.isFolded(category) ? kFoldedMark : kUnfoldedMark, displayText(category));
+}
+
+std::u16string Property::nameText(PropertyItem& item) {
+    std::u16string text = displayText(item.name());
+    if (item.isChanged() || item.refusedText())
+        text += u" *";
+    return text;
+}
+
+std::u16string Property::valueOf(PropertyItem& item) {
+    item.load();
+    std::u16string text = displayText(item.text());
+    if (!item.message().empty())
+        text.append(u"   ! ").append(displayText(item.message()));
+    return text;
+}
+
+std::u16string Property::cellText(std::size_t line, std::size_t column) {
+    if (line >= lines_.size())
+        return {};
+    const Item item = lines_[line].item;
+    if (!item)
+        return column == 0 ? headingText(lines_[line].category) : std::u16string();
+    try {
+        return column == 0 ? nameText(*item) : valueOf(*item);
+    } catch (...) {
+        cellFailed(automation::currentError());
+        return std::u16string(kUnreadableMark);
+    }
+}
+
+void Property::cellFailed(const automation::Error& error) {
+    if (std::exchange(failureReported_, true))
+        return;
+    desktop_.post([this, error, generation = model_.generation(), alive = std::weak_ptr(alive_)] {
+        if (alive.expired())
+            return;
+        const auto form = keepFormAlive();
+        if (generation == model_.generation())
+            onFailure.raise(error);
+    });
+}
+
+void Property::showDescription() {
+    const Item item = selectedItem();
+    if (!item) {
+        title_->setText(u"");
+        description_->setText(u"");
+        return;
+    }
+    try {
+        const std::u16string title = item->name() + u" (" + item->dataType() + u")";
+        const std::u16string text = item->message().empty() ? item->description() : item->message();
+        if (item != selectedItem())
+            return;
+        title_->setText(title);
+        description_->setText(text);
+    } catch (...) {
+        cellFailed(automation::currentError());
+    }
+}
+
+void Property::boundsChanged() {
+    place();
+}
+
+void Property::place() {
+    const PropertyLayout layout = layoutProperty(bounds().size(), desktop_.textSize(u"Xg").height);
+    searchBox_->setBounds(layout.searchBox);
+    list_->setBounds(layout.list);
+    title_->setBounds(layout.title);
+    description_->setBounds(layout.description);
+    placeColumns();
+    placeEditor();
+}
+
+void Property::placeColumns() {
+    const Twips room = std::max(list_->bounds().width - kScrollBarRoom, kLeastColumn * 2);
+    const Twips name = nameWidth_ > 0_tw ? std::min(nameWidth_, room - kLeastColumn) : room * 2 / 5;
+    list_->setColumns({{u"Property", name}, {u"Value", room - name}});
+}
+
+}  // namespace quorel::controls

@@ -1,0 +1,251 @@
+// The editor over a cell: opening, taking and leaving it.
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/controls/property.h"
+#include "platform/controls/property_layout.h"
+#include "platform/ui/check_box.h"
+#include "platform/ui/form.h"
+#include "platform/ui/plain_controls.h"
+
+namespace quorel::controls {
+
+using automation::Object;
+using ui::Twips;
+
+namespace {
+
+constexpr std::int32_t kLinesShown = 5;
+
+[[nodiscard]] bool hasLines(std::u16string_view text) {
+    return text.find_first_of(u"\r\n") != std::u16string_view::npos;
+}
+
+}  // namespace
+
+bool Property::hasButton(EditorKind kind) const noexcept {
+    return files_ != nullptr &&
+           (kind == EditorKind::File || kind == EditorKind::Directory || kind == EditorKind::Binary);
+}
+
+ui::Control& Property::boxFor(EditorKind kind, std::u16string_view text) {
+    if (kind == EditorKind::Boolean)
+        return *checkBox_;
+    if (kind == EditorKind::MultiLine || (kind == EditorKind::Text && hasLines(text)))
+        return *linesBox_;
+    return *textBox_;
+}
+
+void Property::beginEdit(std::size_t line) {
+    act([this, line] {
+        if (line >= lines_.size())
+            return;
+        const Item item = lines_[line].item;
+        endEdit();
+        if (!item) {
+            toggleHeading(line);
+            return;
+        }
+        if (!lines_.lineOf(item) || !model_.isEditable(*item))
+            return;
+        list_->selectRow(lines_.lineOf(item));
+        const EditorKind kind = item->kind();
+        const bool wanted = model_.beginEdit(item);
+        if (wanted && !isEditing() && lines_.lineOf(item))
+            openEditor(item, kind);
+    });
+}
+
+void Property::openEditor(const Item& item, EditorKind kind) {
+    const std::u16string text = item->text();
+    ui::Control& box = boxFor(kind, text);
+    const auto handle =
+        automation::make<PropertyEditorHandle>(box, [this](const std::u16string& given) { typed(given); });
+    editing_ = Editing{item, kind, &box, handle, text};
+    textBox_->setReadOnly(kind == EditorKind::Binary);
+    if (&box == checkBox_) {
+        const bool unset = isUnset(item->value());
+        checkBox_->setValue(unset             ? ui::CheckValue::Grayed
+                            : text == u"True" ? ui::CheckValue::Checked
+                                              : ui::CheckValue::Unchecked);
+        checkBox_->setText(text);
+    } else {
+        box.setText(&box == linesBox_ ? withWindowsLines(text) : text);
+        static_cast<ui::TextBox&>(box).selectAll();
+    }
+    box.setEnabled(true);
+    box.setToolTip(u"");
+    placeEditor();
+    box.setVisible(true);
+    browseButton_->setVisible(hasButton(kind));
+    Object property(item);
+    const auto alive = std::weak_ptr(alive_);
+    model_.events.onPropertyControlCreated.raise(property, Object(handle));
+    if (alive.expired() || !editing_ || editing_->handle != handle)
+        return;
+    box.focus();
+    showProblem();
+}
+
+ui::Rect Property::cellOf(std::size_t line) const {
+    const ui::Rect& list = list_->bounds();
+    const Twips height = desktop_.textSize(u"Xg").height + Twips{60};
+    const Twips left = list.left + list_->columns()[0].width;
+    return {left, list.top + height * static_cast<std::int32_t>(line + 1), list_->columns()[1].width, height};
+}
+
+void Property::placeEditor() {
+    if (!editing_)
+        return;
+    const std::optional<std::size_t> line = lines_.lineOf(editing_->item);
+    const Twips lineHeight = desktop_.textSize(u"Xg").height;
+    const ui::Rect& list = list_->bounds();
+    const ui::Rect cell = line ? cellOf(*line) : ui::Rect{list.left, list.top, list.width, lineHeight};
+    const std::int32_t width = std::max(cell.width.value, 1);
+    const std::int32_t length = desktop_.textSize(message_->text()).width.value;
+    const std::int32_t messageLines = message_->text().empty() ? 0 : 1 + length / width;
+    const EditorLayout layout =
+        layoutEditor(cell, list, lineHeight,
+                     {editing_->box == linesBox_ ? kLinesShown : 1, hasButton(editing_->kind), messageLines});
+    editing_->box->setBounds(layout.box);
+    browseButton_->setBounds(layout.button);
+    message_->setBounds(layout.message);
+    message_->setVisible(messageLines > 0);
+}
+
+/// Without a message the label is gone.
+void Property::showProblem() {
+    if (!editing_)
+        return;
+    const Item item = editing_->item;
+    const bool pristine = !editing_->touched;
+    const std::u16string problem =
+        pristine ? item->message() : PropertyModel::problemWith(*item, editing_->box->text());
+    if (!editing_ || editing_->item != item)
+        return;
+    message_->setText(problem);
+    placeEditor();
+}
+
+void Property::typed(const std::u16string& text) {
+    act([this, text] {
+        if (!editing_ || editing_->kind == EditorKind::Binary)
+            return;
+        editing_->touched = true;
+        if (editing_->box == checkBox_) {
+            checkBox_->setChecked(text == u"True");
+            checkBox_->setText(text);
+            commit();
+        } else if (editing_->box->text() != text) {
+            editing_->box->setText(text);
+        }
+        showProblem();
+    });
+}
+
+PropertyModel::Outcome Property::commit() {
+    if (!editing_ || !std::exchange(editing_->touched, false))
+        return PropertyModel::Outcome::Unchanged;
+    return model_.enter(editing_->item, editing_->box->text());
+}
+
+void Property::endEdit() {
+    act([this] {
+        commit();
+        closeEditor();
+    });
+}
+
+void Property::cancelEdit() {
+    if (!editing_)
+        return;
+    const Item item = editing_->item;
+    closeEditor();
+    act([&item] { item->takeRefusalBack(); });
+}
+
+void Property::closeEditor() {
+    if (!editing_)
+        return;
+    const Editing closed = *std::exchange(editing_, std::nullopt);
+    closed.handle->close();
+    message_->setText(u"");
+    ui::Form* const holder = form();
+    const ui::Control* const focused = holder != nullptr ? holder->focusedControl() : nullptr;
+    if (focused == closed.box || focused == browseButton_)
+        list_->focus();
+    closed.box->setVisible(false);
+    browseButton_->setVisible(false);
+    message_->setVisible(false);
+}
+
+/// The focus has left one part of the editor; it stays open while another part has it.
+void Property::editorLost() {
+    desktop_.post([this, alive = std::weak_ptr(alive_)] {
+        if (alive.expired() || !editing_)
+            return;
+        const ui::Form* const holder = form();
+        const ui::Control* const focused = holder != nullptr ? holder->focusedControl() : nullptr;
+        if (focused != editing_->box && focused != browseButton_)
+            endEdit();
+    });
+}
+
+void Property::editNext(Step step) {
+    if (!editing_)
+        return;
+    const Item item = editing_->item;
+    const PropertyModel::Outcome outcome = commit();
+    if (outcome == PropertyModel::Outcome::Refused) {
+        showProblem();
+        return;
+    }
+    closeEditor();
+    const std::optional<std::size_t> from = lines_.lineOf(item);
+    if (!from)
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(lines_.size());
+    const std::ptrdiff_t by = static_cast<std::ptrdiff_t>(step);
+    for (auto line = static_cast<std::ptrdiff_t>(*from) + by; line >= 0 && line < count; line += by) {
+        const Item next = lines_[static_cast<std::size_t>(line)].item;
+        if (next && model_.isEditable(*next)) {
+            beginEdit(static_cast<std::size_t>(line));
+            return;
+        }
+    }
+}
+
+void Property::browse() {
+    act([this] {
+        if (!editing_ || files_ == nullptr)
+            return;
+        const Item item = editing_->item;
+        if (editing_->kind == EditorKind::Binary) {
+            endEdit();
+            loadSelected();
+            return;
+        }
+        const std::optional<std::u16string> chosen = askForPath(*editing_);
+        if (!chosen || !editing_ || editing_->item != item)
+            return;
+        typed(*chosen);
+        endEdit();
+    });
+}
+
+std::optional<std::u16string> Property::askForPath(const Editing& editing) {
+    const bool isFolder = editing.kind == EditorKind::Directory;
+    const std::u16string text = editing.box->text();
+    const shell::FileDialogs::Request request{editing.item->name(), isFolder && !text.empty() ? text : path_,
+                                              isFolder ? std::u16string() : text};
+    return isFolder ? files_->chooseFolder(request) : files_->openFile(request);
+}
+
+void Property::toggleBoolean(const Item& item) {
+    item->load();
+    const bool* const now = item->value().getIf<bool>();
+    model_.change(item, now == nullptr || !*now);
+}
+
+}  // namespace quorel::controls

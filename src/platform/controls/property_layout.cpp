@@ -1,0 +1,61 @@
+#include "platform/controls/property_layout.h"
+
+#include <algorithm>
+
+namespace quorel::controls {
+
+using ui::Rect;
+using ui::Twips;
+using namespace ui::literals;
+
+namespace {
+
+constexpr Twips kGap = 60_tw;
+/// What a box needs around a line of text.
+constexpr Twips kPadding = 105_tw;
+constexpr std::int32_t kDescriptionLines = 3;
+/// As many rows stay visible before the description gets any room.
+constexpr std::int32_t kLeastRows = 4;
+constexpr Twips kButtonWidth = 375_tw;
+
+[[nodiscard]] Twips positive(Twips length) {
+    return std::max(length, 0_tw);
+}
+
+}  // namespace
+
+PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept {
+    const Twips width = positive(size.width);
+    const Twips height = positive(size.height);
+    const Twips searchHeight = std::min(lineHeight + kPadding, height);
+    const Twips listTop = std::min(searchHeight + kGap, height);
+    const Twips wanted = kGap + lineHeight * (1 + kDescriptionLines);
+    const Twips spare = positive(height - listTop - lineHeight * kLeastRows - kGap);
+    const Twips below = spare < kGap + lineHeight * 2 ? 0_tw : std::min(wanted, spare);
+    const Rect list{0_tw, listTop, width, height - listTop - below};
+    const Twips titleTop = list.bottom() + std::min(kGap, below);
+    const Twips titleHeight = below == 0_tw ? 0_tw : lineHeight;
+    const Rect title{0_tw, titleTop, width, titleHeight};
+    return {{0_tw, 0_tw, width, searchHeight},
+            list,
+            title,
+            {0_tw, title.bottom(), width, positive(height - title.bottom())}};
+}
+
+EditorLayout layoutEditor(const ui::Rect& cell, const ui::Rect& list, ui::Twips lineHeight,
+                          EditorWants wants) noexcept {
+    const Twips left = std::clamp(cell.left, list.left, list.right());
+    const Twips right = std::clamp(cell.right(), left, list.right());
+    const Twips height = std::min(std::max(cell.height, lineHeight * wants.lines), list.height);
+    const Twips top = std::clamp(cell.top, list.top, list.bottom() - height);
+    const Twips button = wants.button ? std::min(kButtonWidth, right - left) : 0_tw;
+    const Rect box{left, top, right - left - button, height};
+    const Twips messageHeight = wants.messageLines > 0 ? lineHeight * wants.messageLines + kGap : 0_tw;
+    const bool below = box.bottom() + messageHeight <= list.bottom();
+    const Twips messageTop = below ? box.bottom() : std::max(box.top - messageHeight, list.top);
+    return {box,
+            {box.right(), top, button, std::min(height, std::max(cell.height, lineHeight))},
+            {left, messageTop, right - left, messageHeight}};
+}
+
+}  // namespace quorel::controls
