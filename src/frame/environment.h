@@ -2,6 +2,7 @@
 
 #include "platform/automation/class_registry.h"
 #include "platform/shell/clock.h"
+#include "platform/shell/file_dialogs.h"
 #include "platform/shell/settings_store.h"
 #include "platform/ui/desktop.h"
 
@@ -14,6 +15,8 @@ struct Environment {
     automation::ClassRegistry& classes;
     shell::Clock& clock;
     shell::SettingsStore& settings;
+    /// Null where nobody can choose files.
+    shell::FileDialogs* fileDialogs = nullptr;
 };
 
 }  // namespace quorel::frame
