@@ -1,5 +1,7 @@
 #include "platform/ui/menu.h"
 
+#include <utility>
+
 #include "platform/ui/control.h"
 #include "platform/ui/form.h"
 
@@ -12,8 +14,8 @@ MenuItem& MenuItem::add(std::u16string_view name, std::u16string_view caption, K
     return item;
 }
 
-void MenuItem::addSeparator() {
-    add({}, u"-");
+MenuItem& MenuItem::addSeparator() {
+    return add({}, u"-");
 }
 
 MenuItem* MenuItem::find(std::u16string_view name) const noexcept {
@@ -46,18 +48,18 @@ void MenuItem::setCaption(std::u16string_view caption) {
 }
 
 void MenuItem::setVisible(bool visible) {
-    visible_ = visible;
-    changed();
+    if (std::exchange(visible_, visible) != visible)
+        changed();
 }
 
 void MenuItem::setEnabled(bool enabled) {
-    enabled_ = enabled;
-    changed();
+    if (std::exchange(enabled_, enabled) != enabled)
+        changed();
 }
 
 void MenuItem::setChecked(bool checked) {
-    checked_ = checked;
-    changed();
+    if (std::exchange(checked_, checked) != checked)
+        changed();
 }
 
 bool MenuItem::isChoosable() const noexcept {

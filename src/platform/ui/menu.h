@@ -23,7 +23,7 @@ class MenuItem {
     virtual ~MenuItem() = default;
 
     MenuItem& add(std::u16string_view name, std::u16string_view caption, KeyChord shortcut = {});
-    void addSeparator();
+    MenuItem& addSeparator();
     [[nodiscard]] const std::vector<std::unique_ptr<MenuItem>>& items() const noexcept { return items_; }
     /// The entry of that name below this one, in depth-first order; null if there is none.
     [[nodiscard]] MenuItem* find(std::u16string_view name) const noexcept;
