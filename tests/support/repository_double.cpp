@@ -1,6 +1,7 @@
 #include "tests/support/repository_double.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/automation/text.h"
 
@@ -114,25 +115,27 @@ MetaDouble& MetaDouble::withProperty(const std::u16string& property, const std::
 }
 
 const ClassTable& MetaDouble::classTable() const {
-    static const ClassTable node = ClassTable::of<MetaDouble>(u"MetaNode")
-                                       .readOnly(u"name", &MetaDouble::name)
-                                       .readOnly(u"Extension", &MetaDouble::readExtension)
-                                       .readOnly(u"Properties", &MetaDouble::readProperties)
-                                       .readOnly(u"outgoing", &MetaDouble::outgoing)
-                                       .readOnly(u"incoming", &MetaDouble::incoming)
-                                       .readOnly(u"IsPersistent", &MetaDouble::isPersistent)
-                                       .readOnly(u"IsDynamic", &MetaDouble::isDynamic);
-    static const ClassTable link = ClassTable::of<MetaDouble>(u"MetaLink")
-                                       .readOnly(u"name", &MetaDouble::name)
-                                       .readOnly(u"Extension", &MetaDouble::readExtension)
-                                       .readOnly(u"Properties", &MetaDouble::readProperties)
-                                       .readOnly(u"source", &MetaDouble::source)
-                                       .readOnly(u"target", &MetaDouble::target)
-                                       .readOnly(u"sourcename", &MetaDouble::sourceName)
-                                       .readOnly(u"targetname", &MetaDouble::targetName)
-                                       .readOnly(u"Parent", &MetaDouble::parent)
-                                       .readOnly(u"IsPersistent", &MetaDouble::isPersistent)
-                                       .readOnly(u"IsDynamic", &MetaDouble::isDynamic);
+    static const ClassTable node =
+        ClassTable::of<MetaDouble>(u"MetaNode")
+            .readOnly(u"name", &MetaDouble::name)
+            .readOnly(u"Extension", &MetaDouble::readExtension)
+            .readOnly(u"Properties", &MetaDouble::readProperties)
+            .readOnly(u"outgoing", &MetaDouble::outgoing)
+            .readOnly(u"incoming", &MetaDouble::incoming)
+            .property(u"IsPersistent", &MetaDouble::isPersistent, &MetaDouble::setPersistent)
+            .readOnly(u"IsDynamic", &MetaDouble::isDynamic);
+    static const ClassTable link =
+        ClassTable::of<MetaDouble>(u"MetaLink")
+            .readOnly(u"name", &MetaDouble::name)
+            .readOnly(u"Extension", &MetaDouble::readExtension)
+            .readOnly(u"Properties", &MetaDouble::readProperties)
+            .readOnly(u"source", &MetaDouble::source)
+            .readOnly(u"target", &MetaDouble::target)
+            .readOnly(u"sourcename", &MetaDouble::sourceName)
+            .readOnly(u"targetname", &MetaDouble::targetName)
+            .readOnly(u"Parent", &MetaDouble::parent)
+            .property(u"IsPersistent", &MetaDouble::isPersistent, &MetaDouble::setPersistent)
+            .readOnly(u"IsDynamic", &MetaDouble::isDynamic);
     return isLink() ? link : node;
 }
 
@@ -181,11 +184,15 @@ Object MetaDouble::parent() {
 }
 bool MetaDouble::isPersistent() {
     note(u"IsPersistent");
-    return true;
+    return isPersistentNow;
+}
+void MetaDouble::setPersistent(bool persistent) {
+    note(u"IsPersistent=");
+    isPersistentNow = persistent;
 }
 bool MetaDouble::isDynamic() {
     note(u"IsDynamic");
-    return false;
+    return isDynamicNow;
 }
 
 InstanceDouble::InstanceDouble(ScriptRef script, Ref<MetaDouble> type, std::u16string name,
@@ -203,6 +210,8 @@ const ClassTable& InstanceDouble::classTable() const {
             .property(u"name", &InstanceDouble::name, &InstanceDouble::setName)
             .readOnly(u"Identifier", &InstanceDouble::readIdentifier)
             .readOnly(u"Parent", &InstanceDouble::parent)
+            .readOnly(u"Outgoing_", &InstanceDouble::outgoing, {param(u"metaLink")})
+            .readOnly(u"Incoming_", &InstanceDouble::incoming, {param(u"metaLink")})
             .readOnly(u"Prop_", &InstanceDouble::getProperty, {param(u"property")})
             .method(u"GetProperty", &InstanceDouble::getProperty, {param(u"property")})
             .method(u"SetProperty", &InstanceDouble::setProperty, {param(u"property"), param(u"value")})
@@ -282,6 +291,21 @@ Object InstanceDouble::target() {
     note(u"target");
     return to_;
 }
+Object InstanceDouble::outgoing(const std::u16string& metaLink) {
+    note(u"Outgoing_");
+    return linksIn(outgoingLinks, metaLink, u"Outgoing_");
+}
+Object InstanceDouble::incoming(const std::u16string& metaLink) {
+    note(u"Incoming_");
+    return linksIn(incomingLinks, metaLink, u"Incoming_");
+}
+Ref<CollectionDouble> InstanceDouble::linksIn(std::map<std::u16string, Ref<CollectionDouble>>& links,
+                                              const std::u16string& metaLink, std::u16string_view member) {
+    Ref<CollectionDouble>& list = links[metaLink];
+    if (!list)
+        list = make<CollectionDouble>(script_, identifier + u"." + std::u16string(member));
+    return list;
+}
 Object InstanceDouble::properties() {
     note(u"Properties");
     return type_->properties;
@@ -302,14 +326,21 @@ RepositoryDouble::RepositoryDouble(ScriptRef script)
       script_(std::move(script)) {}
 
 const ClassTable& RepositoryDouble::classTable() const {
-    static const ClassTable table = ClassTable::of<RepositoryDouble>(u"Repository")
-                                        .readOnly(u"MetaNodes", &RepositoryDouble::readMetaNodes)
-                                        .readOnly(u"MetaLinks", &RepositoryDouble::readMetaLinks)
-                                        .method(u"MakeNode", &RepositoryDouble::makeNode,
-                                                {param(u"metaNode"), param(u"name"), param(u"identifier")})
-                                        .method(u"MakeLink", &RepositoryDouble::makeLink,
-                                                {param(u"metaLink"), param(u"name"), param(u"identifier"),
-                                                 param(u"source"), param(u"target")});
+    static const ClassTable table =
+        ClassTable::of<RepositoryDouble>(u"Repository")
+            .readOnly(u"MetaNodes", &RepositoryDouble::readMetaNodes)
+            .readOnly(u"MetaLinks", &RepositoryDouble::readMetaLinks)
+            .method(u"MakeNode", &RepositoryDouble::makeNode,
+                    {param(u"metaNode"), param(u"name"), param(u"identifier")})
+            .method(u"MakeLink", &RepositoryDouble::makeLink,
+                    {param(u"metaLink"), param(u"name"), param(u"identifier"), param(u"source"),
+                     param(u"target")})
+            .method(u"MakeDynamicMetaClass", &RepositoryDouble::makeDynamicMetaClass,
+                    {param(u"name"), param(u"description")})
+            .method(u"MakeDynamicMetaAssoc", &RepositoryDouble::makeDynamicMetaAssoc,
+                    {param(u"name"), param(u"description")})
+            .method(u"DeleteDynamicMetaClass", &RepositoryDouble::deleteDynamicMetaClass, {param(u"name")})
+            .method(u"DeleteDynamicMetaAssoc", &RepositoryDouble::deleteDynamicMetaAssoc, {param(u"name")});
     return table;
 }
 
@@ -345,47 +376,78 @@ std::u16string RepositoryDouble::nextIdentifier() {
 }
 
 Ref<InstanceDouble> RepositoryDouble::addNode(const Ref<MetaDouble>& type, const std::u16string& name) {
-    auto node = make<InstanceDouble>(script_, type, name, nextIdentifier());
-    type->extension->add(node->identifier, node);
-    return node;
+    return insert(type, name, nextIdentifier(), {}, {});
 }
 
 Ref<InstanceDouble> RepositoryDouble::addLink(const Ref<MetaDouble>& type, const std::u16string& name,
                                               const Ref<InstanceDouble>& from,
                                               const Ref<InstanceDouble>& to) {
-    auto link = make<InstanceDouble>(script_, type, name, nextIdentifier(), from, to);
-    type->extension->add(link->identifier, link);
-    return link;
+    return insert(type, name, nextIdentifier(), from, to);
+}
+
+Ref<InstanceDouble> RepositoryDouble::insert(const Ref<MetaDouble>& type, const std::u16string& name,
+                                             const std::u16string& identifier, const Object& from,
+                                             const Object& to) {
+    auto instance = make<InstanceDouble>(script_, type, name, identifier, from, to);
+    type->extension->add(identifier, instance);
+    instances_.push_back(instance);
+    if (auto* const source = dynamic_cast<InstanceDouble*>(from ? from.native() : nullptr))
+        source->linksIn(source->outgoingLinks, type->metaName, u"Outgoing_")->add(identifier, instance);
+    if (auto* const target = dynamic_cast<InstanceDouble*>(to ? to.native() : nullptr))
+        target->linksIn(target->incomingLinks, type->metaName, u"Incoming_")->add(identifier, instance);
+    return instance;
+}
+
+Ref<MetaDouble> RepositoryDouble::typeNamed(std::u16string_view name) const {
+    for (const Ref<MetaDouble>& type : types_)
+        if (type->metaName == name)
+            return type;
+    throw Error(error_number::kSubscriptOutOfRange);
 }
 
 Object RepositoryDouble::makeNode(const std::u16string& type, const std::u16string& name,
                                   const std::u16string& identifier) {
     script_->step(u"repository.MakeNode");
-    for (const Ref<MetaDouble>& known : types_)
-        if (known->metaName == type) {
-            auto node = make<InstanceDouble>(script_, known, name, identifier);
-            known->extension->add(identifier, node);
-            return node;
-        }
-    throw Error(error_number::kSubscriptOutOfRange);
+    return insert(typeNamed(type), name, identifier, {}, {});
 }
 
 Object RepositoryDouble::makeLink(const std::u16string& type, const std::u16string& name,
                                   const std::u16string& identifier, const Object& from, const Object& to) {
     script_->step(u"repository.MakeLink");
-    for (const Ref<MetaDouble>& known : types_)
-        if (known->metaName == type) {
-            auto link = make<InstanceDouble>(script_, known, name, identifier, from, to);
-            known->extension->add(identifier, link);
-            return link;
-        }
-    throw Error(error_number::kSubscriptOutOfRange);
+    return insert(typeNamed(type), name, identifier, from, to);
+}
+
+Object RepositoryDouble::makeDynamicMetaClass(const std::u16string& name, const std::u16string& description) {
+    script_->step(u"repository.MakeDynamicMetaClass");
+    const Ref<MetaDouble> made = addMetaNode(name);
+    made->isDynamicNow = true;
+    made->description = description;
+    return made;
+}
+
+Object RepositoryDouble::makeDynamicMetaAssoc(const std::u16string& name, const std::u16string& description) {
+    script_->step(u"repository.MakeDynamicMetaAssoc");
+    const Ref<MetaDouble> made = addMetaLink(name, typeNamed(name.substr(0, name.find(u'.'))),
+                                             typeNamed(name.substr(name.rfind(u'.') + 1)));
+    made->isDynamicNow = true;
+    made->description = description;
+    return made;
+}
+
+void RepositoryDouble::deleteDynamicMetaClass(const std::u16string& name) {
+    script_->step(u"repository.DeleteDynamicMetaClass");
+    std::erase_if(metaNodes->items, [&name](const auto& item) { return item.first == name; });
+}
+
+void RepositoryDouble::deleteDynamicMetaAssoc(const std::u16string& name) {
+    script_->step(u"repository.DeleteDynamicMetaAssoc");
+    std::erase_if(metaLinks->items, [&name](const auto& item) { return item.first == name; });
 }
 
 void RepositoryDouble::clear() {
     // Only once nothing holds them: what goes first may still be asked by what goes later.
-    std::vector<Ref<MetaDouble>> types = std::move(types_);
-    types_.clear();
+    const std::vector<Ref<MetaDouble>> types = std::exchange(types_, {});
+    const std::vector<Ref<InstanceDouble>> instances = std::exchange(instances_, {});
     metaNodes->items.clear();
     metaLinks->items.clear();
     for (const Ref<MetaDouble>& type : types) {
@@ -394,6 +456,10 @@ void RepositoryDouble::clear() {
         type->incomingLinks->items.clear();
         type->owner.reset();
     }
+    for (const Ref<InstanceDouble>& instance : instances)
+        for (auto* const links : {&instance->outgoingLinks, &instance->incomingLinks})
+            for (const auto& [metaLink, list] : *links)
+                list->items.clear();
 }
 
 const ClassTable& RepositoryHolderDouble::classTable() const {

@@ -94,6 +94,9 @@ class MetaDouble final : public automation::NativeObject {
     automation::Ref<CollectionDouble> outgoingLinks;
     automation::Ref<CollectionDouble> incomingLinks;
     automation::Object owner;
+    std::u16string description;
+    bool isDynamicNow = false;
+    bool isPersistentNow = true;
 
   private:
     [[nodiscard]] bool isLink() const noexcept { return static_cast<bool>(from_); }
@@ -108,6 +111,7 @@ class MetaDouble final : public automation::NativeObject {
     std::u16string targetName();
     automation::Object parent();
     bool isPersistent();
+    void setPersistent(bool persistent);
     bool isDynamic();
     void note(const char16_t* member);
 
@@ -128,9 +132,17 @@ class InstanceDouble final : public automation::NativeObject {
     std::u16string shownName;
     const std::u16string identifier;
     std::map<std::u16string, automation::Value> values;
+    /// The node's links by meta link.
+    std::map<std::u16string, automation::Ref<CollectionDouble>> outgoingLinks, incomingLinks;
 
   private:
+    friend class RepositoryDouble;
     std::u16string name();
+    automation::Object outgoing(const std::u16string& metaLink);
+    automation::Object incoming(const std::u16string& metaLink);
+    automation::Ref<CollectionDouble> linksIn(
+        std::map<std::u16string, automation::Ref<CollectionDouble>>& links, const std::u16string& metaLink,
+        std::u16string_view member);
     void setName(const std::u16string& name);
     std::u16string readIdentifier();
     automation::Object parent();
@@ -177,10 +189,19 @@ class RepositoryDouble final : public automation::NativeObject {
     automation::Object makeLink(const std::u16string& type, const std::u16string& name,
                                 const std::u16string& identifier, const automation::Object& from,
                                 const automation::Object& to);
+    automation::Object makeDynamicMetaClass(const std::u16string& name, const std::u16string& description);
+    automation::Object makeDynamicMetaAssoc(const std::u16string& name, const std::u16string& description);
+    void deleteDynamicMetaClass(const std::u16string& name);
+    void deleteDynamicMetaAssoc(const std::u16string& name);
+    [[nodiscard]] automation::Ref<MetaDouble> typeNamed(std::u16string_view name) const;
+    automation::Ref<InstanceDouble> insert(const automation::Ref<MetaDouble>& type,
+                                           const std::u16string& name, const std::u16string& identifier,
+                                           const automation::Object& from, const automation::Object& to);
     [[nodiscard]] std::u16string nextIdentifier();
 
     ScriptRef script_;
     std::vector<automation::Ref<MetaDouble>> types_;
+    std::vector<automation::Ref<InstanceDouble>> instances_;
     int made_ = 0;
 };
 
