@@ -2,8 +2,6 @@
 
 #include "frame/attempt.h"
 #include "platform/automation/calls.h"
-#include "platform/ui/menu.h"
-#include "sixpane/frm_object_properties.h"
 
 namespace quorel::sixpane {
 
@@ -23,6 +21,8 @@ frmSixPane::frmSixPane(const frame::Environment& environment)
     buildMenus();
     buildPanes();
     buildSplitters();
+    buildCommands();
+    buildDynamicMenu();
     connectPanes();
     onLoad.connect([this] { Form_Load(); });
     onUnload.connect([this] { Form_Unload(); });
@@ -137,8 +137,8 @@ void frmSixPane::Form_Load() {
 }
 
 void frmSixPane::Form_Unload() {
-    if (const auto properties = properties_.lock())
-        properties->unload();
+    if (const auto dialog = dialog_.lock())
+        dialog->unload();
     procedure(u"Form_Unload", [this] { savePlacement(); });
     registration_.endRegistration();
 }
@@ -186,6 +186,7 @@ void frmSixPane::buildPanes() {
         captions_[index] = &add<ui::Label>(std::u16string(traits.name) + u"Caption");
         captions_[index]->setText(traits.caption);
         panes_[index] = &add<controls::ListView>(traits.name, desktop());
+        addButtons(traits.pane);
     }
     statusBar_ = &add<ui::StatusBar>(u"StatusBar");
 }
@@ -220,6 +221,8 @@ void frmSixPane::place() {
         columnSplitters_[i]->setBounds(layout.columnSplitters[i]);
     for (std::size_t i = 0; i < rowSplitters_.size(); ++i)
         rowSplitters_[i]->setBounds(layout.rowSplitters[i]);
+    for (std::size_t i = 0; i < kCommandCount; ++i)
+        commands_[i]->setBounds(layout.commands[i]);
     statusBar_->setBounds(layout.statusBar);
     std::vector<ui::StatusBar::PanelState> panels;
     for (const PaneTraits& traits : kPanes)

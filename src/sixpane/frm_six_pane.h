@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "frame/component_registration.h"
 #include "frame/environment.h"
@@ -12,15 +13,15 @@
 #include "platform/automation/object.h"
 #include "platform/controls/list_view.h"
 #include "platform/ui/form.h"
+#include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
+#include "sixpane/commands.h"
 #include "sixpane/object_rows.h"
 #include "sixpane/panes.h"
 #include "sixpane/six_pane_layout.h"
 #include "sixpane/six_pane_placement.h"
 
 namespace quorel::sixpane {
-
-class frmObjectProperties;
 
 /// The six-pane browser's window. Every procedure shows its own failures in the error box with module label
 /// "SixPane"; none throws.
@@ -70,6 +71,13 @@ class frmSixPane final : public ui::Form {
     DisplayResult DisplayObject(const automation::Object& object, ObjectKind kind);
 
   private:
+    /// What is asked and told about a dynamic meta object.
+    struct DynamicMetaObject {
+        std::u16string name{};
+        bool isPersistent = true;
+        std::u16string description{};
+    };
+
     // Event handlers.
     void Form_Load();
     void Form_Unload();
@@ -86,6 +94,15 @@ class frmSixPane final : public ui::Form {
     void mnuRefresh_Click();
     void mnuProperties_Click();
     void mnuResetLayout_Click();
+    void NewSourceNode_Click();
+    void NewTargetNode_Click();
+    void NewLink_Click();
+    void DeleteSourceNode_Click();
+    void DeleteTargetNode_Click();
+    void DeleteLink_Click();
+    void mnuEditDynamic_Click();
+    /// Index as in `kDynamic`; others do nothing.
+    void Dynamic_Click(std::size_t index);
 
     /// Runs a procedure of this window under its label.
     template <class Body>
@@ -114,6 +131,55 @@ class frmSixPane final : public ui::Form {
     void showCount(Pane which);
     [[nodiscard]] std::u16string countText(Pane which);
 
+    // Commands.
+    void addButtons(Pane which);
+    void buildCommands();
+    void buildDynamicMenu();
+    /// Lets the key of a command run it while the pane has the focus.
+    void keyInPane(Pane which, ui::KeyEvent& event);
+    [[nodiscard]] bool canRun(Command command);
+    [[nodiscard]] bool canRunDynamic(std::size_t index);
+    void enableCommands();
+    void run(Command command);
+
+    /// Shows a dialog of this window's, which closes with it. False if this window is gone before or
+    /// afterwards.
+    template <class Dialog>
+    bool ask(const std::shared_ptr<Dialog>& dialog) {
+        if (!isLoaded())
+            return false;
+        dialog_ = dialog;
+        dialog->PopUp();
+        return isLoaded();
+    }
+
+    // Editing.
+    /// The next identifier of the window's generator.
+    [[nodiscard]] std::u16string UUID();
+    /// Empty if it failed, which has been reported.
+    automation::Object MakeNode(std::u16string_view name, std::u16string_view metaNode);
+    automation::Object MakeLink(std::u16string_view name, std::u16string_view metaLink,
+                                const automation::Object& source, const automation::Object& target);
+    /// Asks for a name, starting from `name`; true if the user confirmed.
+    bool GetName(std::u16string& name, std::u16string_view caption, std::u16string_view question);
+    /// False if the node has links, or the repository keeps it.
+    bool RemoveNode(const automation::Object& node);
+    /// The ends are the link's source and target, exchanged if it is not `outgoing`.
+    void RemoveLink(const std::u16string& metaLinkName, bool outgoing, const std::u16string& identifier);
+    void newNode(Pane nodes);
+    void deleteNode(Pane nodes);
+    void refreshLinks();
+
+    // Dynamic meta objects.
+    /// True if the user confirmed; otherwise `edited` is unchanged.
+    bool EditMetaObject(bool asClass, DynamicMetaObject& edited);
+    /// Shows the entries of `Dynamic` in editing mode only.
+    void CheckDynamic();
+    void newMetaClass();
+    void newMetaAssoc();
+    void setPersistent(const automation::Object& metaObject, bool isPersistent);
+    void deleteMetaObject(Pane metaObjects, std::u16string_view member);
+
     // Placement.
     void restorePlacement();
     void savePlacement();
@@ -133,9 +199,17 @@ class frmSixPane final : public ui::Form {
     std::array<ui::Splitter*, 2> columnSplitters_{};
     std::array<ui::Splitter*, 3> rowSplitters_{};
     ui::StatusBar* statusBar_ = nullptr;
+    std::array<ui::Button*, kCommandCount> commands_{};
+    std::array<ui::MenuItem*, kCommandCount> commandEntries_{};
+    /// Each entry of `Dynamic` in the menu bar and in the context menu of its pane.
+    std::array<std::array<ui::MenuItem*, 2>, kDynamicCount> dynamicEntries_{};
+    /// What is visible in editing mode only: the entries of `Dynamic` and the lines between them.
+    std::vector<ui::MenuItem*> metamodelEntries_;
+    bool editsMetamodel_ = false;
     Splits splits_;
     bool wasShown_ = false;
-    std::weak_ptr<frmObjectProperties> properties_;
+    /// The dialog that is open, if one is; it closes with this window.
+    std::weak_ptr<ui::Form> dialog_;
 };
 
 }  // namespace quorel::sixpane

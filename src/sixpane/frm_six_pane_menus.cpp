@@ -1,6 +1,5 @@
 #include "frame/attempt.h"
 #include "platform/automation/calls.h"
-#include "platform/ui/menu.h"
 #include "sixpane/frm_six_pane.h"
 
 namespace quorel::sixpane {
@@ -15,6 +14,9 @@ void frmSixPane::buildMenus() {
     });
     repository.addSeparator();
     repository.add(u"mnuClose", u"&Close").onClick.connect([this] { userClosed(); });
+
+    ui::MenuItem& edit = menuBar().add(u"mnuEdit", u"&Edit");
+    edit.add(u"mnuEditDynamic", u"Edit &Metamodel").onClick.connect([this] { mnuEditDynamic_Click(); });
 
     ui::MenuItem& view = menuBar().add(u"mnuView", u"&View");
     view.add(u"mnuRefresh", u"&Refresh", {ui::Key::F5}).onClick.connect([this] { mnuRefresh_Click(); });

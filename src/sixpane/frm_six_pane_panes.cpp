@@ -36,8 +36,11 @@ void frmSixPane::Populate() {
 
 void frmSixPane::fillTypePanes() {
     pane(Pane::SourceMetaNode).fillWithMetaNodes(Object(repository_), true);
-    pane(Pane::TargetMetaNode).fillWithMetaNodes(Object(repository_), true);
-    pane(Pane::MetaLink).fillWithMetaLinks(Object(repository_), true);
+    // The host may have destroyed the browser while it was asked.
+    if (isLoaded())
+        pane(Pane::TargetMetaNode).fillWithMetaNodes(Object(repository_), true);
+    if (isLoaded())
+        pane(Pane::MetaLink).fillWithMetaLinks(Object(repository_), true);
 }
 
 void frmSixPane::fillNodes(Pane nodes, Pane metaNodes) {
@@ -136,7 +139,7 @@ frmSixPane::DisplayResult frmSixPane::DisplayObject(const Object& displayed, Obj
         const Object object = displayed;
         std::vector<ObjectRow> rows = readObjectRows(object, kind);
         const auto window = std::make_shared<frmObjectProperties>(desktop());
-        properties_ = window;
+        dialog_ = window;
         window->PopUp(rows);
         if (!isLoaded())
             return DisplayResult{};

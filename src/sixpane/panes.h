@@ -35,4 +35,15 @@ inline constexpr std::array<PaneTraits, kPaneCount> kPanes{{
     return static_cast<std::size_t>(pane);
 }
 
+/// The pane of the same kind at the other end of the links.
+[[nodiscard]] constexpr Pane otherEnd(Pane pane) noexcept {
+    const std::size_t index = indexOf(pane);
+    return static_cast<Pane>(index % 2 + kPaneCount - 2 - (index - index % 2));
+}
+
+/// The type pane above an instance pane.
+[[nodiscard]] constexpr Pane typesOf(Pane instances) noexcept {
+    return static_cast<Pane>(indexOf(instances) - 1);
+}
+
 }  // namespace quorel::sixpane

@@ -14,9 +14,11 @@ using namespace ui::literals;
 constexpr Twips kMargin = 90_tw;
 constexpr Twips kSplitter = 75_tw;
 constexpr Twips kCaptionPadding = 45_tw;
+constexpr Twips kButtonPadding = 105_tw;
+constexpr Twips kButtonGap = 30_tw;
 constexpr Twips kStatusPadding = 120_tw;
 constexpr Twips kLeastPaneWidth = 1500_tw;
-constexpr Twips kLeastPaneHeight = 1200_tw;  // with its caption
+constexpr Twips kLeastPaneHeight = 1260_tw;  // with its caption
 constexpr std::int32_t kWhole = 10000;
 
 /// The part of the window that the panes share.
@@ -68,6 +70,20 @@ void placePane(SixPaneLayout& layout, std::size_t pane, const Rect& area, Twips 
     layout.panes[pane] = {area.left, area.top + caption, area.width, area.height - caption};
 }
 
+/// An instance pane: its caption is high enough for the two square buttons at its right.
+void placeInstances(SixPaneLayout& layout, std::size_t column, const Rect& area, Twips lineHeight) noexcept {
+    const Twips side = std::min({lineHeight + kButtonPadding, area.height, area.width / 3});
+    const Twips deleteLeft = area.left + area.width - side;
+    const Twips newLeft = deleteLeft - kButtonGap - side;
+    layout.commands[2 * column] = {newLeft, area.top, side, side};
+    layout.commands[2 * column + 1] = {deleteLeft, area.top, side, side};
+    const std::size_t pane = 2 * column + 1;
+    const Twips caption = std::min(lineHeight + kCaptionPadding, side);
+    layout.captions[pane] = {area.left, area.top + side - caption,
+                             std::max(newLeft - kButtonGap - area.left, 0_tw), caption};
+    layout.panes[pane] = {area.left, area.top + side, area.width, area.height - side};
+}
+
 }  // namespace
 
 SixPaneLayout layoutSixPane(Size client, Twips lineHeight, const Splits& splits) noexcept {
@@ -82,8 +98,8 @@ SixPaneLayout layoutSixPane(Size client, Twips lineHeight, const Splits& splits)
         const Twips splitterTop = kMargin + upper;
         placePane(layout, 2 * column, {left, kMargin, width, upper}, lineHeight);
         layout.rowSplitters[column] = {left, splitterTop, width, kSplitter};
-        placePane(layout, 2 * column + 1, {left, splitterTop + kSplitter, width, room.height - upper},
-                  lineHeight);
+        placeInstances(layout, column, {left, splitterTop + kSplitter, width, room.height - upper},
+                       lineHeight);
         if (column < 2)
             layout.columnSplitters[column] = {left + width, kMargin, kSplitter, room.height + kSplitter};
         left += width + kSplitter;

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "platform/ui/units.h"
+#include "sixpane/commands.h"
 #include "sixpane/panes.h"
 
 namespace quorel::sixpane {
@@ -19,13 +20,15 @@ struct Splits {
 /// Where everything in the window is, in twips of its client area.
 struct SixPaneLayout {
     std::array<ui::Rect, kPaneCount> captions, panes;  ///< in the order of `Pane`
+    std::array<ui::Rect, kCommandCount> commands;      ///< in the order of `Command`
     std::array<ui::Rect, 2> columnSplitters;
     std::array<ui::Rect, 3> rowSplitters;
     ui::Rect statusBar;
 };
 
 /// Three columns side by side, in each a type pane over an instance pane with a caption above each; the
-/// status line below. No pane gets smaller than can be used while the window has its least size.
+/// buttons at the right of the instance pane's caption; the status line below. No pane gets smaller than can
+/// be used while the window has its least size.
 [[nodiscard]] SixPaneLayout layoutSixPane(ui::Size client, ui::Twips lineHeight,
                                           const Splits& splits) noexcept;
 

@@ -20,6 +20,7 @@ std::vector<Rect> allOf(const SixPaneLayout& layout) {
     std::vector<Rect> all;
     for (const auto& rects : {layout.captions, layout.panes})
         all.insert(all.end(), rects.begin(), rects.end());
+    all.insert(all.end(), layout.commands.begin(), layout.commands.end());
     all.insert(all.end(), layout.columnSplitters.begin(), layout.columnSplitters.end());
     all.insert(all.end(), layout.rowSplitters.begin(), layout.rowSplitters.end());
     all.push_back(layout.statusBar);
