@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/automation/text.h"
 #include "platform/controls/cell_text.h"
 #include "platform/controls/property_layout.h"
 #include "platform/ui/check_box.h"
@@ -78,6 +79,10 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
         if (const auto line = list_->selectedRow())
             beginEdit(*line);
     });
+    list_->onFind.connect(
+        [this](const std::u16string& text, std::size_t start, std::optional<std::size_t>& found) {
+            act([&] { found = find(text, start); });
+        });
     list_->onColumnResize.connect([this](std::size_t) {
         nameWidth_ = list_->columns()[0].width;
         placeEditor();
@@ -158,6 +163,18 @@ void Property::toggleHeading(std::size_t line) {
     lines_.toggle(lines_[line].category);
     rearrange();
     list_->selectRow(line);
+}
+
+std::optional<std::size_t> Property::find(std::u16string_view text, std::size_t start) {
+    const std::u16string wanted = automation::foldCase(text);
+    const PropertyLines lines = lines_;
+    for (std::size_t step = 0; step < lines.size(); ++step) {
+        const std::size_t line = (start + step) % lines.size();
+        const Item& item = lines[line].item;
+        if (automation::foldCase(item ? item->name() : lines[line].category).starts_with(wanted))
+            return line;
+    }
+    return std::nullopt;
 }
 
 // What the list shows.

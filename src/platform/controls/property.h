@@ -130,6 +130,8 @@ class Property : public ui::Panel, private ui::RowSource {
     void showDescription();
     [[nodiscard]] Item selectedItem() const;
     void toggleHeading(std::size_t line);
+    /// The line, from `start` on and round to it, whose name begins so.
+    [[nodiscard]] std::optional<std::size_t> find(std::u16string_view text, std::size_t start);
 
     // Editing.
     void openEditor(const Item& item, EditorKind kind);

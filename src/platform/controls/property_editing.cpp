@@ -145,8 +145,11 @@ void Property::typed(const std::u16string& text) {
 }
 
 PropertyModel::Outcome Property::commit() {
-    if (!editing_ || !std::exchange(editing_->touched, false))
+    if (!editing_)
         return PropertyModel::Outcome::Unchanged;
+    if (!std::exchange(editing_->touched, false))
+        return editing_->item->refusedText() ? PropertyModel::Outcome::Refused
+                                             : PropertyModel::Outcome::Unchanged;
     return model_.enter(editing_->item, editing_->box->text());
 }
 

@@ -186,14 +186,15 @@ PropertyModel::Outcome PropertyModel::change(const Item& given, const Value& val
         return Outcome::Refused;
     }
     const std::u16string formerText = editText(item->kind(), former);
+    const std::u16string enteredText = editText(item->kind(), value);
     std::u16string oldText = formerText;
-    std::u16string newText(text);
+    std::u16string newText = enteredText;
     bool cancel = false;
     property = Object(item);
     events.onPropertyChanged.raise(property, oldText, newText, value, cancel);
     if (overtaken)
         return Outcome::Overtaken;
-    const bool asEntered = cancel ? oldText == formerText : newText == text;
+    const bool asEntered = cancel ? oldText == formerText : newText == enteredText;
     if (asEntered) {
         item->edit(cancel ? former : value);
     } else {
