@@ -49,6 +49,10 @@ class Backend {
     virtual void clickRow(ui::VirtualList& list, std::size_t row) = 0;
     virtual void doubleClickRow(ui::VirtualList& list, std::size_t row) = 0;
     virtual void clickBelowRows(ui::VirtualList& list) = 0;
+    virtual void clickCell(ui::VirtualList& list, ui::CellIndex cell) = 0;
+    /// A click into the scroll bar, under its thumb.
+    virtual void pageDown(ui::VirtualList& list) = 0;
+    virtual void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) = 0;
     virtual void clickColumn(ui::VirtualList& list, std::size_t column) = 0;
     /// Types characters into the list that has the focus, to find a row.
     virtual void typeToFind(ui::VirtualList& list, std::u16string_view text) = 0;
@@ -64,6 +68,10 @@ class Backend {
     // --------------------------------------------------------------------
     [[nodiscard]] virtual bool seesForm(const ui::Form& form) = 0;
     [[nodiscard]] virtual bool seesControl(const ui::Control& control) = 0;
+    /// Seen, and by a mouse that points at its middle, too.
+    [[nodiscard]] virtual bool seesOnTop(const ui::Control& control) = 0;
+    /// What the mouse resting on the cell is told.
+    [[nodiscard]] virtual std::u16string seenToolTip(ui::VirtualList& list, ui::CellIndex cell) = 0;
     /// The text that the native window holds: the control's by `ui::shownText`, marks of access keys and all.
     [[nodiscard]] virtual std::u16string seenText(const ui::Control& control) = 0;
     [[nodiscard]] virtual ui::CheckValue seenCheck(const ui::CheckBox& box) = 0;

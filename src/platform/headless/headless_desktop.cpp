@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "platform/automation/text.h"
+#include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
 
@@ -34,6 +35,13 @@ HeadlessPeer::~HeadlessPeer() {
 
 void HeadlessPeer::apply(ui::Change changes) {
     changes_ |= changes;
+    const auto* const list = dynamic_cast<const ui::VirtualList*>(&control_);
+    if (list == nullptr)
+        return;
+    scrollTo(topRow_);
+    const auto target = list->scrollTarget();
+    if (has(changes, ui::Change::ScrollTo) && target)
+        bringIntoView(target->row, target->column);
 }
 
 void HeadlessPeer::takeFocus() {

@@ -23,6 +23,13 @@ class HeadlessPeer final : public ui::Peer {
     ~HeadlessPeer() override;
     void apply(ui::Change changes) override;
     void takeFocus() override;
+    /// By nominal sizes, as a list of the platform's at 96 dots per inch has them.
+    [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override;
+
+    /// The first row that a list shows, and moving it; true if it moved.
+    [[nodiscard]] std::size_t topRow() const noexcept { return topRow_; }
+    bool scrollTo(std::size_t row);
+    bool bringIntoView(std::size_t row, std::optional<std::size_t> column = std::nullopt);
 
     /// What was applied since the peer was made or this was last asked.
     [[nodiscard]] ui::Change takeChanges() noexcept { return std::exchange(changes_, ui::Change::None); }
@@ -31,6 +38,8 @@ class HeadlessPeer final : public ui::Peer {
     HeadlessDesktop& desktop_;
     ui::Control& control_;
     ui::Change changes_ = ui::Change::None;
+    std::size_t topRow_ = 0;
+    ui::Twips scrolled_;  ///< how far a list is scrolled to the right
 };
 
 /// A desktop without a screen. Modal windows and message boxes are scripted before the action that opens

@@ -63,12 +63,34 @@ void User::click(ui::Form& form, std::u16string_view control) {
     click(get<ui::Control>(form, control));
 }
 
-void User::selectRow(ui::VirtualList& list, std::size_t row) {
-    const auto form = reach(list);
-    reachRow(list, row);
-    focusByClick(*form, list);
+void User::moveSelection(ui::VirtualList& list, std::size_t row) {
+    auto* const peer = dynamic_cast<HeadlessPeer*>(list.peer());
+    if (peer != nullptr && peer->bringIntoView(row))
+        list.userMovedCells();
     if (list.isUsable())
         list.userSelected(row);
+}
+
+void User::selectRow(ui::VirtualList& list, std::size_t row) {
+    clickCell(list, {row, 0});
+}
+
+void User::clickCell(ui::VirtualList& list, ui::CellIndex cell) {
+    const auto form = reach(list);
+    reachRow(list, cell.row);
+    focusByClick(*form, list);
+    if (list.isUsable())
+        moveSelection(list, cell.row);
+    if (list.isUsable())
+        list.userClickedCell(cell);
+    desktop_.runPosted();
+}
+
+void User::scrollTo(ui::VirtualList& list, std::size_t topRow) {
+    const auto form = reach(list);
+    auto* const peer = dynamic_cast<HeadlessPeer*>(list.peer());
+    if (peer != nullptr && peer->scrollTo(topRow))
+        list.userMovedCells();
     desktop_.runPosted();
 }
 

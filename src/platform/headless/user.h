@@ -38,6 +38,10 @@ class User {
     void click(ui::Form& form, std::u16string_view control);
     void selectRow(ui::VirtualList& list, std::size_t row);
     void doubleClickRow(ui::VirtualList& list, std::size_t row);
+    /// Selects the row, as a click anywhere in it does, and reports the cell.
+    void clickCell(ui::VirtualList& list, ui::CellIndex cell);
+    /// Turns the wheel or moves the scroll bar until that row is the first, as far as it goes.
+    void scrollTo(ui::VirtualList& list, std::size_t topRow);
     void clickBelowRows(ui::VirtualList& list);
     void clickColumn(ui::VirtualList& list, std::size_t column);
     void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width);
@@ -72,6 +76,8 @@ class User {
     void reachRow(const ui::VirtualList& list, std::size_t row) const;
     void chooseFrom(ui::MenuItem& menu, std::u16string_view entry) const;
     void pressOwnKey(ui::Form& form, ui::Control& focused, ui::KeyChord chord);
+    /// The user selects a row, which comes into view.
+    static void moveSelection(ui::VirtualList& list, std::size_t row);
     [[nodiscard]] bool pressInList(ui::VirtualList& list, ui::KeyChord chord) const;
     [[nodiscard]] bool pressInBox(ui::TextBox& box, ui::KeyChord chord) const;
     [[nodiscard]] static bool pressInSplitter(ui::Splitter& splitter, ui::KeyChord chord);

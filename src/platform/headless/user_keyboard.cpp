@@ -109,7 +109,7 @@ bool User::pressInList(ui::VirtualList& list, KeyChord chord) const {
         return false;
     const std::size_t row = rowAfterKey(list, chord.key);
     if (list.selectedRow() != row)
-        list.userSelected(row);
+        moveSelection(list, row);
     return true;
 }
 
@@ -183,7 +183,7 @@ void User::typeUnit(ui::Form& form, std::u16string_view character, std::u16strin
         const std::size_t start = list->selectedRow().value_or(0);
         if (const auto found = list->userFinds(typedInList, start))
             if (list->selectedRow() != *found)
-                list->userSelected(*found);
+                moveSelection(*list, *found);
     } else if (chord == KeyChord{Key::Space}) {
         static_cast<void>(ui::pressDialogKey(form, chord));
     }

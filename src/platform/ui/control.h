@@ -55,6 +55,10 @@ class Control {
     void setBackground(std::optional<Colour> colour);
     [[nodiscard]] bool isTabStop() const noexcept { return tabStop_; }
     void setTabStop(bool stop) noexcept { tabStop_ = stop; }
+    /// Stands over its siblings whatever the tab order, as an editor over the cell of a list does. Before the
+    /// control is shown.
+    [[nodiscard]] bool isRaised() const noexcept { return raised_; }
+    void setRaised(bool raised) noexcept { raised_ = raised; }
 
     /// Shown on right-click and by the menu key; owned by the control. `onContextMenu` comes first, to
     /// prepare it.
@@ -113,6 +117,7 @@ class Control {
     bool visible_ = true;
     bool enabled_ = true;
     bool tabStop_ = true;
+    bool raised_ = false;
     std::unique_ptr<Menu> contextMenu_;
     std::unique_ptr<Peer> peer_;
 };

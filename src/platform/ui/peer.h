@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "platform/ui/flags.h"
+#include "platform/ui/units.h"
 
 namespace quorel::ui {
 
@@ -21,11 +24,18 @@ enum class Change : std::uint32_t {
     Columns = 1U << 8,
     Selection = 1U << 9,
     Style = 1U << 10,     ///< read-only, default button, minimum size …
-    ScrollTo = 1U << 11,  ///< bring the selection into view
+    ScrollTo = 1U << 11,  ///< bring a cell into view
     All = 0xFFF
 };
 template <>
 inline constexpr bool kIsFlags<Change> = true;
+
+/// A cell of a list.
+struct CellIndex {
+    std::size_t row = 0;
+    std::size_t column = 0;
+    friend constexpr bool operator==(CellIndex, CellIndex) = default;
+};
 
 /// The native half of a control: mirrors its state in a native window and reports what the user does by the
 /// control's `user…` members. Made when the control is first shown, dropped when its form unloads. A peer
@@ -39,6 +49,11 @@ class Peer {
 
     virtual void apply(Change changes) = 0;
     virtual void takeFocus() = 0;
+    /// For lists: where the visible part of a cell is, relative to the list; none while it is out of sight.
+    [[nodiscard]] virtual std::optional<Rect> cellBounds(CellIndex cell) const {
+        static_cast<void>(cell);
+        return std::nullopt;
+    }
 };
 
 }  // namespace quorel::ui

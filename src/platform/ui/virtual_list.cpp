@@ -31,6 +31,27 @@ std::u16string VirtualList::cellText(std::size_t row, std::size_t column) const 
     return source_->cellText(row, column);
 }
 
+std::u16string VirtualList::cellToolTip(CellIndex cell) const {
+    if (source_ == nullptr || cell.row >= rowCount_ || cell.column >= columns_.size())
+        return {};
+    const auto alive = keepFormAlive();
+    return source_->cellToolTip(cell.row, cell.column);
+}
+
+CellLook VirtualList::cellLook(CellIndex cell) const {
+    if (source_ == nullptr || cell.row >= rowCount_ || cell.column >= columns_.size())
+        return {};
+    const auto alive = keepFormAlive();
+    return source_->cellLook(cell.row, cell.column);
+}
+
+bool VirtualList::isGroup(std::size_t row) const {
+    if (source_ == nullptr || row >= rowCount_)
+        return false;
+    const auto alive = keepFormAlive();
+    return source_->isGroup(row);
+}
+
 void VirtualList::prepareRows(std::size_t first, std::size_t last) const {
     if (source_ == nullptr || first > last || last >= rowCount_)
         return;
@@ -45,7 +66,35 @@ void VirtualList::setColumns(std::vector<Column> columns) {
 
 void VirtualList::selectRow(std::optional<std::size_t> row) {
     selected_ = row && *row < rowCount_ ? row : std::nullopt;
+    target_.reset();
     changed(Change::Selection | Change::ScrollTo);
+}
+
+void VirtualList::ensureVisible(std::size_t row) {
+    target_ = ScrollTarget{row};
+    changed(Change::ScrollTo);
+}
+
+void VirtualList::ensureVisible(CellIndex cell) {
+    target_ = ScrollTarget{cell.row, cell.column};
+    changed(Change::ScrollTo);
+}
+
+std::optional<VirtualList::ScrollTarget> VirtualList::scrollTarget() const noexcept {
+    if (target_ && target_->row < rowCount_)
+        return target_;
+    return selected_ ? std::optional(ScrollTarget{*selected_}) : std::nullopt;
+}
+
+std::optional<Rect> VirtualList::cellBounds(CellIndex cell) const {
+    if (peer() == nullptr || !isShown() || cell.row >= rowCount_ || cell.column >= columns_.size())
+        return std::nullopt;
+    std::optional<Rect> place = peer()->cellBounds(cell);
+    if (place) {
+        place->left += bounds().left;
+        place->top += bounds().top;
+    }
+    return place;
 }
 
 void VirtualList::userSelected(std::optional<std::size_t> row) {
@@ -76,6 +125,18 @@ void VirtualList::userResizedColumn(std::size_t column, Twips width) {
     const auto alive = keepFormAlive();
     columns_[column].width = width;
     onColumnResize.raise(column);
+    onCellsMoved.raise();
+}
+
+void VirtualList::userClickedCell(CellIndex cell) {
+    const auto alive = keepFormAlive();
+    if (cell.row < rowCount_ && cell.column < columns_.size())
+        onCellClick.raise(cell);
+}
+
+void VirtualList::userMovedCells() {
+    const auto alive = keepFormAlive();
+    onCellsMoved.raise();
 }
 
 std::optional<std::size_t> VirtualList::userFinds(const std::u16string& text, std::size_t start) {

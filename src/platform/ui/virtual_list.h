@@ -21,6 +21,13 @@ struct Column {
     SortOrder sort = SortOrder::None;  ///< the arrow that the header shows
 };
 
+/// How a cell looks where it differs from the list.
+struct CellLook {
+    bool bold = false;
+    std::optional<Colour> text{};
+    std::optional<Colour> background{};
+};
+
 /// What a list shows. Asked only for rows that are seen.
 class RowSource {
   public:
@@ -32,6 +39,24 @@ class RowSource {
     virtual void prepareRows(std::size_t first, std::size_t last) {
         static_cast<void>(first);
         static_cast<void>(last);
+    }
+    /// What the mouse resting on the cell is told; empty for nothing but the list's own tool tip.
+    [[nodiscard]] virtual std::u16string cellToolTip(std::size_t row, std::size_t column) {
+        static_cast<void>(row);
+        static_cast<void>(column);
+        return {};
+    }
+    /// Whether the two below are asked at all, for every cell that is painted.
+    [[nodiscard]] virtual bool hasLooks() const { return false; }
+    [[nodiscard]] virtual CellLook cellLook(std::size_t row, std::size_t column) {
+        static_cast<void>(row);
+        static_cast<void>(column);
+        return {};
+    }
+    /// The heading of a group of rows: its first cell's text in bold across all columns.
+    [[nodiscard]] virtual bool isGroup(std::size_t row) {
+        static_cast<void>(row);
+        return false;
     }
 };
 
@@ -55,6 +80,11 @@ class VirtualList : public Control {
     /// What the source says; empty for a row or column that does not exist. The form stays alive meanwhile,
     /// but the peer may be gone afterwards: the source may call a host that closes the window.
     [[nodiscard]] std::u16string cellText(std::size_t row, std::size_t column) const;
+    /// The source's word on a cell, under the same terms.
+    [[nodiscard]] std::u16string cellToolTip(CellIndex cell) const;
+    [[nodiscard]] CellLook cellLook(CellIndex cell) const;
+    [[nodiscard]] bool isGroup(std::size_t row) const;
+    [[nodiscard]] bool hasLooks() const { return source_ != nullptr && source_->hasLooks(); }
     /// Tells the source which rows come next, under the same terms.
     void prepareRows(std::size_t first, std::size_t last) const;
 
@@ -64,6 +94,19 @@ class VirtualList : public Control {
     [[nodiscard]] std::optional<std::size_t> selectedRow() const noexcept { return selected_; }
     /// Selects and brings into view; raises no event.
     void selectRow(std::optional<std::size_t> row);
+    /// Scrolls, if it must, until the row can be seen, and the cell as far as it fits; raises no event.
+    void ensureVisible(std::size_t row);
+    void ensureVisible(CellIndex cell);
+    /// What was to be brought into view last: by `ensureVisible`, else the selected row.
+    struct ScrollTarget {
+        std::size_t row = 0;
+        std::optional<std::size_t> column{};
+    };
+    [[nodiscard]] std::optional<ScrollTarget> scrollTarget() const noexcept;
+    /// Where the visible part of a cell is, relative to the list's parent as the list's own bounds are, so
+    /// that another control can be placed over it. None while the cell is out of sight or the list is not
+    /// shown.
+    [[nodiscard]] std::optional<Rect> cellBounds(CellIndex cell) const;
 
     Event<> onSelect;    ///< the user selected a row, or clicked the selected one again; not when
                          ///< the selection was taken away
@@ -71,6 +114,10 @@ class VirtualList : public Control {
     Event<> onActivate;  ///< double-click or Enter on the selected row
     Event<std::size_t> onColumnClick;   ///< a click on the header of that column
     Event<std::size_t> onColumnResize;  ///< the user changed a column's width
+    Event<CellIndex> onCellClick;       ///< a click on a cell, after the selection
+    /// The cells stand elsewhere and the program has not moved them: the user scrolled or changed a column's
+    /// width, a selection by key scrolled, the list became too small for its place, the resolution changed.
+    Event<> onCellsMoved;
     /// The user types to find: the text so far and the row to start from; set the last argument to the row
     /// found.
     Event<const std::u16string&, std::size_t, std::optional<std::size_t>&> onFind;
@@ -79,6 +126,8 @@ class VirtualList : public Control {
     void userActivated();
     void userClickedColumn(std::size_t column);
     void userResizedColumn(std::size_t column, Twips width);
+    void userClickedCell(CellIndex cell);
+    void userMovedCells();
     [[nodiscard]] std::optional<std::size_t> userFinds(const std::u16string& text, std::size_t start);
 
   private:
@@ -86,6 +135,7 @@ class VirtualList : public Control {
     std::size_t rowCount_ = 0;
     std::vector<Column> columns_;
     std::optional<std::size_t> selected_;
+    std::optional<ScrollTarget> target_;
 };
 
 }  // namespace quorel::ui

@@ -24,6 +24,11 @@ class HeadlessBackend final : public Backend {
     void clickRow(ui::VirtualList& list, std::size_t row) override { user_.selectRow(list, row); }
     void doubleClickRow(ui::VirtualList& list, std::size_t row) override { user_.doubleClickRow(list, row); }
     void clickBelowRows(ui::VirtualList& list) override { user_.clickBelowRows(list); }
+    void clickCell(ui::VirtualList& list, ui::CellIndex cell) override { user_.clickCell(list, cell); }
+    void pageDown(ui::VirtualList& list) override { user_.scrollTo(list, 10); }
+    void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) override {
+        user_.resizeColumn(list, column, width);
+    }
     void clickColumn(ui::VirtualList& list, std::size_t column) override { user_.clickColumn(list, column); }
     void typeToFind(ui::VirtualList& list, std::u16string_view text) override {
         user_.type(*list.form(), text);
@@ -43,6 +48,13 @@ class HeadlessBackend final : public Backend {
     }
     [[nodiscard]] bool seesControl(const ui::Control& control) override {
         return control.peer() != nullptr && control.isShown();
+    }
+    [[nodiscard]] bool seesOnTop(const ui::Control& control) override {
+        return seesControl(control) && control.isRaised();
+    }
+    [[nodiscard]] std::u16string seenToolTip(ui::VirtualList& list, ui::CellIndex cell) override {
+        const std::u16string own = list.cellToolTip(cell);
+        return own.empty() ? list.toolTip() : own;
     }
     [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
         return control.peer() != nullptr ? ui::shownText(control.text()) : std::u16string();

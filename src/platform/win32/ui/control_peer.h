@@ -17,6 +17,10 @@ class ControlPeer : public ui::Peer {
     void apply(ui::Change changes) override { std::shared_ptr(window_)->apply(changes); }
     void takeFocus() override { std::shared_ptr(window_)->takeFocus(); }
 
+    [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override {
+        return std::shared_ptr(window_)->cellBounds(cell);
+    }
+
     [[nodiscard]] NativeWindow& window() const noexcept { return *window_; }
 
   private:

@@ -13,8 +13,10 @@ int lineHeight(HFONT font) noexcept {
     return metrics.tmHeight;
 }
 
-HFONT DrawingTools::font(std::int32_t dpi) {
-    const LOGFONTW wanted = messageFont(dpi);
+HFONT DrawingTools::font(std::int32_t dpi, bool bold) {
+    LOGFONTW wanted = messageFont(dpi);
+    if (bold)
+        wanted.lfWeight = FW_BOLD;
     const std::string key(reinterpret_cast<const char*>(&wanted), sizeof(wanted));
     const std::lock_guard lock(mutex_);
     CountedFont& font = fonts_[key];

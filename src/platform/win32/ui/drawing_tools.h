@@ -40,7 +40,7 @@ namespace quorel::win32 {
 class DrawingTools {
   public:
     /// The message font at that resolution, as the system's settings are now.
-    [[nodiscard]] HFONT font(std::int32_t dpi);
+    [[nodiscard]] HFONT font(std::int32_t dpi, bool bold = false);
     [[nodiscard]] HBRUSH brush(ui::Colour colour);
 
   private:

@@ -100,10 +100,6 @@ void ListWindow::spaceRows() {
     spacer_ = std::move(spacer);
 }
 
-HWND ListWindow::header() const noexcept {
-    return reinterpret_cast<HWND>(::SendMessageW(handle(), LVM_GETHEADER, 0, 0));
-}
-
 void ListWindow::mirror(ui::Change changes) {
     const Flagged mirroring(mirroring_);
     NativeWindow::mirror(changes & static_cast<ui::Change>(~static_cast<std::uint32_t>(ui::Change::Text)));
@@ -113,15 +109,18 @@ void ListWindow::mirror(ui::Change changes) {
         const RedrawPause pause(handle());
         if (has(changes, ui::Change::Columns))
             mirrorColumns();
-        if (has(changes, ui::Change::Items))
+        if (has(changes, ui::Change::Items)) {
+            hovered_.reset();
             mirrorRows();
+        }
     }
     if (has(changes, ui::Change::Selection | ui::Change::Items))
         mirrorSelection();
     if (has(changes, ui::Change::ScrollTo))
-        scrollToSelection();
+        scrollToTarget();
     if (has(changes, ui::Change::Columns | ui::Change::Items))
         ::InvalidateRect(handle(), nullptr, TRUE);
+    scrollPlace_ = scrollPlace();
 }
 
 void ListWindow::mirrorColumns() {
@@ -134,6 +133,7 @@ void ListWindow::mirrorColumns() {
         column.iSubItem = columns_;
         send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(columns_), reinterpret_cast<LPARAM>(&column));
     }
+    header_ = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     for (std::size_t i = 0; i < list().columns().size(); ++i)
         mirrorColumn(i);
 }
@@ -149,9 +149,9 @@ void ListWindow::mirrorColumn(std::size_t index) const {
     send(LVM_SETCOLUMNW, index, reinterpret_cast<LPARAM>(&column));
     HDITEMW item{};
     item.mask = HDI_FORMAT;
-    ::SendMessageW(header(), HDM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
+    ::SendMessageW(header_, HDM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
     item.fmt = (item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN)) | arrowOf(wanted.sort);
-    ::SendMessageW(header(), HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
+    ::SendMessageW(header_, HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
 }
 
 void ListWindow::mirrorRows() {
@@ -177,11 +177,6 @@ void ListWindow::mirrorSelection() {
     selection_ = wanted;
 }
 
-void ListWindow::scrollToSelection() const {
-    if (const std::optional<std::size_t> row = list().selectedRow())
-        send(LVM_ENSUREVISIBLE, *row, FALSE);
-}
-
 ui::Colour ListWindow::ground() const noexcept {
     return list().background().value_or(toColour(::GetSysColor(COLOR_WINDOW)));
 }
@@ -201,6 +196,7 @@ void ListWindow::rescaled() {
     const Flagged mirroring(mirroring_);
     spaceRows();
     mirrorColumns();
+    list().userMovedCells();
 }
 
 void ListWindow::setRowSelected(std::size_t row, bool selected) {
@@ -216,12 +212,16 @@ LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
         original(LVM_SETITEMCOUNT, 0, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     if (control() == nullptr)
         return NativeWindow::serve(message, w, l);
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->hwndFrom == header())
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(l)->hwndFrom == header_)
         headerNotified(*reinterpret_cast<const NMHEADERW*>(l));
     if (message == WM_CONTEXTMENU && serving_ > 0) {
         ::PostMessageW(handle(), message, w, l);  // the row under the mouse is to be reported first
         return 0;
     }
+    if (message == WM_MOUSEMOVE)
+        hover(l);
+    if (control() == nullptr)
+        return 0;
     ++serving_;
     const LRESULT result =
         maySelect(message) ? serveSelecting(message, w, l) : NativeWindow::serve(message, w, l);

@@ -21,12 +21,13 @@ class ListWindow : public NativeWindow {
     ListWindow(std::shared_ptr<Frame> frame, ui::VirtualList& list) : NativeWindow(std::move(frame), list) {}
     [[nodiscard]] std::optional<LRESULT> notified(NMHDR& header) override;
     void rescaled() override;
+    [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) override;
 
   private:
     /// What the list has reported while it served a message.
     struct Noted {
         bool selection = false;
-        bool click = false;
+        std::optional<ui::CellIndex> click;
         bool activation = false;
         std::optional<std::size_t> columnClick;
         std::optional<std::size_t> columnResize;
@@ -46,25 +47,36 @@ class ListWindow : public NativeWindow {
     [[nodiscard]] bool hitsRow(LPARAM at) const noexcept;
     void mirrorRows();
     void mirrorSelection();
-    void scrollToSelection() const;
+    void scrollToTarget() const;
+    [[nodiscard]] std::optional<RECT> cellRect(ui::CellIndex cell) const;
+    void hover(LPARAM at);
     void mirrorColours() const;
     [[nodiscard]] ui::Colour ground() const noexcept;
 
     void headerNotified(const NMHEADERW& header);
+    void noteClick(const NMITEMACTIVATE& click);
     void noteSelection(const NMLISTVIEW& change);
     void tellCell(LVITEMW& item) const;
     void tellNextRows(const NMLVCACHEHINT& hint) const;
-    [[nodiscard]] LRESULT colourRow(NMLVCUSTOMDRAW& drawing) const;
+    [[nodiscard]] LRESULT draw(NMLVCUSTOMDRAW& drawing) const;
+    [[nodiscard]] LRESULT drawRow(NMLVCUSTOMDRAW& drawing) const;
+    [[nodiscard]] LRESULT drawCell(NMLVCUSTOMDRAW& drawing) const;
+    void drawGroup(HDC dc, std::size_t row) const;
+    [[nodiscard]] ui::Colour fadedHighlight() const noexcept;
+    [[nodiscard]] POINT scrollPlace() const;
     [[nodiscard]] LRESULT find(const NMLVFINDITEMW& wanted) const;
     void report();
 
-    [[nodiscard]] HWND header() const noexcept;
     [[nodiscard]] ui::VirtualList& list() const noexcept { return static_cast<ui::VirtualList&>(*control()); }
 
+    HWND header_ = nullptr;  ///< made with the first column
     ImageList spacer_;
     /// The row that the HWND has selected, from what it tells: asking it costs a step for each row.
     std::optional<std::size_t> selection_;
     Noted noted_;
+    POINT scrollPlace_{};
+    std::optional<ui::CellIndex> hovered_;
+    std::u16string cellToolTip_;
     int serving_ = 0;
     bool mirroring_ = false;
     bool tracking_ = false;

@@ -24,13 +24,13 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
             noteSelection(reinterpret_cast<const NMLISTVIEW&>(header));
             return 0;
         case NM_CLICK:
-            noted_.click = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0;
+            noteClick(reinterpret_cast<const NMITEMACTIVATE&>(header));
             return 0;
         case LVN_ITEMACTIVATE:
             noted_.activation = true;
             return 0;
         case NM_CUSTOMDRAW:
-            return colourRow(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+            return draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
         case LVN_COLUMNCLICK:
             noted_.columnClick =
                 static_cast<std::size_t>(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
@@ -60,23 +60,6 @@ void ListWindow::tellNextRows(const NMLVCACHEHINT& hint) const {
     list().prepareRows(static_cast<std::size_t>(hint.iFrom), last);
 }
 
-/// The selected row of a list without the focus: the system's colour for it can hardly be told from a
-/// coloured ground, so it is a shade between the ground and the system's highlight.
-LRESULT ListWindow::colourRow(NMLVCUSTOMDRAW& drawing) const {
-    if (::GetFocus() == handle())
-        return CDRF_DODEFAULT;
-    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
-        return CDRF_NOTIFYITEMDRAW;
-    const auto row = static_cast<std::size_t>(drawing.nmcd.dwItemSpec);
-    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || list().selectedRow() != row)
-        return CDRF_DODEFAULT;
-    const ui::Colour shade = between(ground(), toColour(::GetSysColor(COLOR_HIGHLIGHT)));
-    drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
-    drawing.clrTextBk = toColorRef(shade);
-    drawing.clrText = readableOn(shade);
-    return CDRF_DODEFAULT;
-}
-
 LRESULT ListWindow::find(const NMLVFINDITEMW& wanted) const {
     if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr)
         return -1;
@@ -84,6 +67,12 @@ LRESULT ListWindow::find(const NMLVFINDITEMW& wanted) const {
     const std::size_t start = wanted.iStart > 0 ? static_cast<std::size_t>(wanted.iStart) : 0;
     const std::optional<std::size_t> found = list().userFinds(text, start);
     return found ? static_cast<LRESULT>(*found) : -1;
+}
+
+void ListWindow::noteClick(const NMITEMACTIVATE& click) {
+    if (click.iItem >= 0)
+        noted_.click = ui::CellIndex{static_cast<std::size_t>(click.iItem),
+                                     static_cast<std::size_t>(std::max(click.iSubItem, 0))};
 }
 
 /// Row -1 stands for all rows.
@@ -120,14 +109,19 @@ void ListWindow::headerNotified(const NMHEADERW& notice) {
 /// Each step may destroy the control, so each asks anew whether it is still there.
 void ListWindow::report() {
     const Noted noted = std::exchange(noted_, {});
-    const ui::Control* const before = control();
-    const auto alive = [&] { return control() != nullptr && control() == before; };
+    const ui::Control* const self = control();
+    const auto alive = [&] { return control() != nullptr && control() == self; };
     if (alive() && noted.columnResize) {
         const auto width = static_cast<std::int32_t>(send(LVM_GETCOLUMNWIDTH, *noted.columnResize));
         const auto& columns = list().columns();
         if (*noted.columnResize < columns.size() &&
             toPixels(columns[*noted.columnResize].width, dpi()) != width)
             list().userResizedColumn(*noted.columnResize, ui::toTwips(width, dpi()));
+    }
+    if (alive() && !mirroring_) {
+        const POINT before = std::exchange(scrollPlace_, scrollPlace());
+        if (before.x != scrollPlace_.x || before.y != scrollPlace_.y)
+            list().userMovedCells();
     }
     if (alive() && noted.columnClick)
         list().userClickedColumn(*noted.columnClick);
@@ -139,6 +133,8 @@ void ListWindow::report() {
         if (moved || again)
             list().userSelected(row);
     }
+    if (alive() && noted.click)
+        list().userClickedCell(*noted.click);
     if (alive() && noted.activation)
         list().userActivated();
 }

@@ -57,6 +57,8 @@ void NativeWindow::open(HWND parent) {
     ::SetWindowSubclass(handle_, &NativeWindow::procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
     if (parent != nullptr && ::IsWindowVisible(parent) != FALSE)
         standInTabOrder();
+    if (control_->isRaised())
+        ::SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     opened();
     send(WM_SETFONT, reinterpret_cast<WPARAM>(frame_->font()), FALSE);
     mirror(ui::Change::All);
@@ -69,7 +71,8 @@ void NativeWindow::standInTabOrder() const {
     for (const auto& sibling : control_->parent()->children()) {
         if (sibling.get() == control_)
             break;
-        if (const HWND window = handleOf(*sibling))
+        const HWND window = handleOf(*sibling);
+        if (window != nullptr && !sibling->isRaised())
             before = window;
     }
     ::SetWindowPos(handle_, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -38,6 +38,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
 
     void apply(ui::Change changes);
     virtual void takeFocus();
+    /// For lists: the visible part of a cell, relative to the window's outer edges.
+    [[nodiscard]] virtual std::optional<ui::Rect> cellBounds(ui::CellIndex) { return std::nullopt; }
 
     [[nodiscard]] HWND handle() const noexcept { return handle_; }
     [[nodiscard]] ui::Control* control() const noexcept { return control_; }
@@ -92,6 +94,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     /// The own background or the nearest ancestor's; none means the system's.
     [[nodiscard]] std::optional<ui::Colour> background() const;
     void setNativeText(const std::u16string& shown);
+    /// The window has a tool tip that the control knows nothing of, to be forgotten with it.
+    void toolTipSet() noexcept { hasToolTip_ = true; }
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,

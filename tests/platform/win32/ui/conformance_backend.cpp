@@ -107,6 +107,19 @@ class NativeBackend final : public Backend {
         native::doubleClick(window, native::pointInRow(window, row));
     }
     void clickBelowRows(ui::VirtualList& list) override;
+    void clickCell(ui::VirtualList& list, ui::CellIndex cell) override {
+        const HWND window = native::windowFor(list);
+        native::click(window, native::pointInCell(window, cell));
+    }
+    void pageDown(ui::VirtualList& list) override {
+        ::PostMessageW(native::windowFor(list), WM_VSCROLL, SB_PAGEDOWN, 0);
+        native::pump();
+    }
+    void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) override {
+        const HWND window = native::windowFor(list);
+        ::SendMessageW(window, LVM_SETCOLUMNWIDTH, column, toPixels(width, win32::dpiOf(window)));
+        native::pump();
+    }
     void clickColumn(ui::VirtualList& list, std::size_t column) override;
     void typeToFind(ui::VirtualList& list, std::u16string_view text) override;
     void chooseMenu(ui::Form& form, std::u16string_view entry) override;
@@ -122,6 +135,20 @@ class NativeBackend final : public Backend {
 
     [[nodiscard]] bool seesForm(const ui::Form& form) override { return sees(form); }
     [[nodiscard]] bool seesControl(const ui::Control& control) override { return sees(control); }
+    [[nodiscard]] bool seesOnTop(const ui::Control& control) override {
+        const HWND window = native::windowFor(control);
+        const HWND form = native::windowFor(*const_cast<ui::Control&>(control).form());
+        POINT middle = native::middleOf(window);
+        ::MapWindowPoints(window, form, &middle, 1);
+        return sees(control) && ::ChildWindowFromPointEx(form, middle, CWP_SKIPINVISIBLE) == window;
+    }
+    [[nodiscard]] std::u16string seenToolTip(ui::VirtualList& list, ui::CellIndex cell) override {
+        const HWND window = native::windowFor(list);
+        const POINT at = native::pointInCell(window, cell);
+        ::PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
+        native::pump();
+        return native::toolTipOf(window);
+    }
     [[nodiscard]] std::u16string seenText(const ui::Control& control) override {
         return control.peer() != nullptr ? native::textOf(native::windowFor(control)) : std::u16string();
     }

@@ -156,6 +156,43 @@ POINT pointInRow(HWND list, std::size_t row) {
     return {place.left + 10, (place.top + place.bottom) / 2};
 }
 
+POINT pointInCell(HWND list, ui::CellIndex cell) {
+    POINT at = pointInRow(list, cell.row);
+    const HWND header = reinterpret_cast<HWND>(::SendMessageW(list, LVM_GETHEADER, 0, 0));
+    RECT title{};
+    ::SendMessageW(header, HDM_GETITEMRECT, cell.column, reinterpret_cast<LPARAM>(&title));
+    ::MapWindowPoints(header, list, reinterpret_cast<POINT*>(&title), 2);
+    at.x = title.left + 12;
+    return at;
+}
+
+std::u16string toolTipOf(HWND window) {
+    struct Search {
+        HWND form, window;
+        std::u16string text;
+    } search{::GetAncestor(window, GA_ROOT), window, {}};
+    ::EnumThreadWindows(
+        ::GetCurrentThreadId(),
+        [](HWND tip, LPARAM wanted) -> BOOL {
+            auto& found = *reinterpret_cast<Search*>(wanted);
+            std::array<wchar_t, 32> name{};
+            ::GetClassNameW(tip, name.data(), static_cast<int>(name.size()));
+            if (::GetWindow(tip, GW_OWNER) != found.form || narrowView(name.data()) != u"tooltips_class32")
+                return TRUE;
+            std::array<wchar_t, 1024> text{};
+            TTTOOLINFOW tool{};
+            tool.cbSize = sizeof(tool);
+            tool.hwnd = found.form;
+            tool.uId = reinterpret_cast<UINT_PTR>(found.window);
+            tool.lpszText = text.data();
+            ::SendMessageW(tip, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+            found.text = narrowView(text.data());
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.text;
+}
+
 std::u16string textOf(HWND window) {
     std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
     text.resize(

@@ -36,6 +36,12 @@ void type(HWND form, std::u16string_view text);
 /// A point in a row's first column, scrolled into view; throws std::runtime_error when there is no such row.
 [[nodiscard]] POINT pointInRow(HWND list, std::size_t row);
 
+/// A point in a cell, scrolled into view from above or below.
+[[nodiscard]] POINT pointInCell(HWND list, ui::CellIndex cell);
+
+/// The text that the form's tool tips have for that window; empty when they have none.
+[[nodiscard]] std::u16string toolTipOf(HWND window);
+
 [[nodiscard]] std::u16string textOf(HWND window);
 [[nodiscard]] std::u16string cellOf(HWND list, std::size_t row, std::size_t column);
 

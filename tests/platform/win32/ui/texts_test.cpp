@@ -101,12 +101,13 @@ TEST_F(Texts, ToolTipsComeAndGo) {
             reinterpret_cast<LPARAM>(&count));
         return count;
     };
-    EXPECT_EQ(tools(), 1);
+    const int before = tools();
+    EXPECT_GE(before, 1);
     gallery->ok->setToolTip(std::u16string(1'000'000, u't'));
-    EXPECT_EQ(tools(), 2);
+    EXPECT_EQ(tools(), before + 1);
     gallery->box->setToolTip(u"");
     gallery->ok->setToolTip(u"");
-    EXPECT_EQ(tools(), 0);
+    EXPECT_EQ(tools(), before - 1);
 }
 
 TEST(MenuTexts, ShortcutsReadAsOnMenus) {
