@@ -34,6 +34,8 @@ const wchar_t* const kUsage =
     L"  where                     the form's middle, in screen pixels: x y\n"
     L"  where CONTROL             the control's middle\n"
     L"  where CONTROL ROW         the middle of the row in view whose first cell is ROW\n"
+    L"  focus                     the name of the control that has the keyboard\n"
+    L"  text CONTROL              what stands in the control\n"
     L"exit code: 0, 2 misused, 3 no such form, control or row\n";
 
 std::string utf8(const std::wstring& text) {
@@ -110,6 +112,15 @@ int printMiddle(HWND window, const std::optional<std::wstring>& rowText) {
     return 0;
 }
 
+int printFocus(HWND form) {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof(thread);
+    if (!GetGUIThreadInfo(GetWindowThreadProcessId(form, nullptr), &thread) || thread.hwndFocus == nullptr)
+        return kNotThere;
+    print(controlName(thread.hwndFocus) + L"\n");
+    return 0;
+}
+
 int run(const std::wstring& formName, const std::wstring& command, const std::vector<std::wstring>& words) {
     if (command == L"wait" || command == L"gone")
         return waitFor(formName, command == L"wait", words);
@@ -120,6 +131,8 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
         return PostMessageW(form, WM_CLOSE, 0, 0) != FALSE ? 0 : 1;
     if (command == L"tree")
         return printTree(form);
+    if (command == L"focus")
+        return printFocus(form);
     HWND control = form;
     if (!words.empty())
         control = findControl(form, words[0]);
@@ -127,6 +140,10 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
         return kNotThere;
     if (command == L"rows" && !words.empty())
         return printRows(control, words);
+    if (command == L"text") {
+        print(windowText(control) + L"\n");
+        return 0;
+    }
     if (command == L"where")
         return printMiddle(control, words.size() > 1 ? std::optional(words[1]) : std::nullopt);
     throw std::invalid_argument("unknown command");
