@@ -20,6 +20,8 @@ namespace {
 
 constexpr Twips kScrollBarRoom = 330_tw;
 constexpr Twips kLeastColumn = 600_tw;
+constexpr ui::Colour kRefusedText{176, 0, 0};
+constexpr ui::Colour kLockedText{96, 96, 96};
 constexpr std::u16string_view kUnfoldedMark = u"\u25BE ";
 constexpr std::u16string_view kFoldedMark = u"\u25B8 ";
 
@@ -31,7 +33,6 @@ constexpr std::u16string_view kFoldedMark = u"\u25B8 ";
 
 }  // namespace
 
-// The editors come before the list: what comes first lies on top.
 Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files)
     : Panel(suffixed(name, u".View")),
       desktop_(desktop),
@@ -52,8 +53,10 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
     for (ui::Control* const editor :
          {static_cast<ui::Control*>(textBox_), static_cast<ui::Control*>(linesBox_),
           static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(browseButton_),
-          static_cast<ui::Control*>(message_)})
+          static_cast<ui::Control*>(message_)}) {
         editor->setVisible(false);
+        editor->setRaised(true);
+    }
     for (ui::TextBox* const box : {textBox_, linesBox_})
         box->onChange.connect([this, box] { typed(box->text()); });
     checkBox_->onClick.connect([this] { typed(checkBox_->isChecked() ? u"True" : u"False"); });
@@ -74,7 +77,12 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
     });
     list_->setSource(this);
     list_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInList(event); });
-    list_->onSelect.connect([this] { showDescription(); });
+    list_->onSelect.connect([this] {
+        selectedBefore_ = std::exchange(selected_, selectedItem());
+        showDescription();
+    });
+    list_->onCellClick.connect([this](ui::CellIndex cell) { clickedCell(cell); });
+    list_->onCellsMoved.connect([this] { placeEditor(); });
     list_->onActivate.connect([this] {
         if (const auto line = list_->selectedRow())
             beginEdit(*line);
@@ -184,6 +192,7 @@ std::u16string Property::headingText(const std::u16string& category) const {
     return suffixed(lines_.isFolded(category) ? kFoldedMark : kUnfoldedMark, displayText(category));
 }
 
+/// The mark is for those who do not see that the value is bold.
 std::u16string Property::nameText(PropertyItem& item) {
     std::u16string text = displayText(item.name());
     if (item.isChanged() || item.refusedText())
@@ -211,6 +220,47 @@ std::u16string Property::cellText(std::size_t line, std::size_t column) {
         cellFailed(automation::currentError());
         return std::u16string(kUnreadableMark);
     }
+}
+
+std::u16string Property::cellToolTip(std::size_t line, std::size_t column) {
+    if (line >= lines_.size() || !lines_[line].item)
+        return {};
+    const Item item = lines_[line].item;
+    try {
+        if (column == 0)
+            return item->description();
+        if (!item->message().empty())
+            return item->message();
+        return item->isChanged() ? u"Was: " + displayText(editText(item->kind(), item->original()))
+                                 : std::u16string();
+    } catch (...) {
+        return {};  // what cannot be told here is reported where it is shown
+    }
+}
+
+bool Property::isLocked(PropertyItem& item) const {
+    try {
+        return !model_.isEditable(item);
+    } catch (...) {
+        return true;  // the same failure is reported when the user begins to edit
+    }
+}
+
+ui::CellLook Property::cellLook(std::size_t line, std::size_t column) {
+    if (line >= lines_.size() || !lines_[line].item)
+        return {};
+    const Item item = lines_[line].item;
+    ui::CellLook look;
+    look.bold = column != 0 && item->isChanged();
+    if (!item->message().empty())
+        look.text = kRefusedText;
+    else if (column != 0 && isLocked(*item))
+        look.text = kLockedText;
+    return look;
+}
+
+bool Property::isGroup(std::size_t line) {
+    return line < lines_.size() && !lines_[line].item;
 }
 
 void Property::cellFailed(const automation::Error& error) {

@@ -37,10 +37,10 @@ namespace quorel::controls {
 /// its line is seen; one that cannot be read shows a mark and cannot be edited. A changed value is marked and
 /// can be reverted by itself (Ctrl+Z); one that is refused keeps its text, with the reason in its cell.
 ///
-/// Keys: F2 or a double click edits; Enter takes the text, Tab takes it and goes on to the next value,
-/// Shift+Tab to the one before, Esc takes it back. In several lines Enter breaks the line and Ctrl+Enter
-/// takes the text. On a line: Space turns a boolean over, Delete unsets, Ctrl+C copies, Ctrl+F searches, Left
-/// and Right fold; Enter is the form's default button.
+/// Keys: F2, a double click or a click on the value of the selected line edits; Enter takes the text, Tab
+/// takes it and goes on to the next value, Shift+Tab to the one before, Esc takes it back. In several lines
+/// Enter breaks the line and Ctrl+Enter takes the text. On a line: Space turns a boolean over, Delete unsets,
+/// Ctrl+C copies, Ctrl+F searches, Left and Right fold; Enter is the form's default button.
 ///
 /// Made of plain controls: the list bears the name given, this container is "<name>.View"; then there are
 /// "<name>.Search", "<name>.Title", "<name>.Description" and the editors "<name>.Text", "<name>.Lines",
@@ -119,7 +119,12 @@ class Property : public ui::Panel, private ui::RowSource {
     // What the list shows.
     [[nodiscard]] std::size_t rowCount() const override { return lines_.size(); }
     [[nodiscard]] std::u16string cellText(std::size_t line, std::size_t column) override;
+    [[nodiscard]] std::u16string cellToolTip(std::size_t line, std::size_t column) override;
+    [[nodiscard]] bool hasLooks() const override { return true; }
+    [[nodiscard]] ui::CellLook cellLook(std::size_t line, std::size_t column) override;
+    [[nodiscard]] bool isGroup(std::size_t line) override;
     void boundsChanged() override;
+    [[nodiscard]] bool isLocked(PropertyItem& item) const;
     [[nodiscard]] std::u16string headingText(const std::u16string& category) const;
     [[nodiscard]] std::u16string nameText(PropertyItem& item);
     [[nodiscard]] std::u16string valueOf(PropertyItem& item);
@@ -136,8 +141,7 @@ class Property : public ui::Panel, private ui::RowSource {
     // Editing.
     void openEditor(const Item& item, EditorKind kind);
     void placeEditor();
-    /// The value's cell of that line, relative to this control.
-    [[nodiscard]] ui::Rect cellOf(std::size_t line) const;
+    void clickedCell(ui::CellIndex cell);
     void closeEditor();
     [[nodiscard]] ui::Control& boxFor(EditorKind kind, std::u16string_view text);
     PropertyModel::Outcome commit();
@@ -182,6 +186,8 @@ class Property : public ui::Panel, private ui::RowSource {
 
     std::optional<Editing> editing_;
     bool failureReported_ = false;
+    Item selected_;        ///< as the user last selected it
+    Item selectedBefore_;  ///< before that, so that a click can tell
     ui::Twips nameWidth_{0};
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

@@ -17,6 +17,7 @@ using ui::Twips;
 namespace {
 
 constexpr std::int32_t kLinesShown = 5;
+constexpr std::size_t kValueColumn = 1;
 
 [[nodiscard]] bool hasLines(std::u16string_view text) {
     return text.find_first_of(u"\r\n") != std::u16string_view::npos;
@@ -42,6 +43,8 @@ void Property::beginEdit(std::size_t line) {
         if (line >= lines_.size())
             return;
         const Item item = lines_[line].item;
+        if (editing_ && editing_->item == item)
+            return;
         endEdit();
         if (!item) {
             toggleHeading(line);
@@ -55,6 +58,15 @@ void Property::beginEdit(std::size_t line) {
         if (wanted && !isEditing() && lines_.lineOf(item))
             openEditor(item, kind);
     });
+}
+
+/// The value of the line that was selected already is edited by a click on it.
+void Property::clickedCell(ui::CellIndex cell) {
+    if (cell.column != kValueColumn || cell.row >= lines_.size())
+        return;
+    const Item item = lines_[cell.row].item;
+    if (item && item == selectedBefore_ && !isEditing())
+        beginEdit(cell.row);
 }
 
 void Property::openEditor(const Item& item, EditorKind kind) {
@@ -76,9 +88,9 @@ void Property::openEditor(const Item& item, EditorKind kind) {
     }
     box.setEnabled(true);
     box.setToolTip(u"");
+    if (const auto line = lines_.lineOf(item))
+        list_->ensureVisible(ui::CellIndex{*line, kValueColumn});
     placeEditor();
-    box.setVisible(true);
-    browseButton_->setVisible(hasButton(kind));
     Object property(item);
     const auto alive = std::weak_ptr(alive_);
     model_.events.onPropertyControlCreated.raise(property, Object(handle));
@@ -88,20 +100,20 @@ void Property::openEditor(const Item& item, EditorKind kind) {
     showProblem();
 }
 
-ui::Rect Property::cellOf(std::size_t line) const {
-    const ui::Rect& list = list_->bounds();
-    const Twips height = desktop_.textSize(u"Xg").height + Twips{60};
-    const Twips left = list.left + list_->columns()[0].width;
-    return {left, list.top + height * static_cast<std::int32_t>(line + 1), list_->columns()[1].width, height};
-}
-
 void Property::placeEditor() {
     if (!editing_)
         return;
     const std::optional<std::size_t> line = lines_.lineOf(editing_->item);
+    const std::optional<ui::Rect> seen = line ? list_->cellBounds({*line, kValueColumn}) : std::nullopt;
+    // An editor whose cell is scrolled away keeps its text and waits.
+    editing_->box->setVisible(seen.has_value());
+    browseButton_->setVisible(seen && hasButton(editing_->kind));
+    message_->setVisible(seen && !message_->text().empty());
+    if (!seen)
+        return;
+    const ui::Rect cell = *seen;
     const Twips lineHeight = desktop_.textSize(u"Xg").height;
     const ui::Rect& list = list_->bounds();
-    const ui::Rect cell = line ? cellOf(*line) : ui::Rect{list.left, list.top, list.width, lineHeight};
     const std::int32_t width = std::max(cell.width.value, 1);
     const std::int32_t length = desktop_.textSize(message_->text()).width.value;
     const std::int32_t messageLines = message_->text().empty() ? 0 : 1 + length / width;
@@ -111,7 +123,6 @@ void Property::placeEditor() {
     editing_->box->setBounds(layout.box);
     browseButton_->setBounds(layout.button);
     message_->setBounds(layout.message);
-    message_->setVisible(messageLines > 0);
 }
 
 /// Without a message the label is gone.

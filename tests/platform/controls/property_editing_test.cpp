@@ -33,6 +33,39 @@ TEST_F(PropertyTest, F2EditsEnterTakesAndMarks) {
     EXPECT_EQ(look()[1], (std::vector<std::u16string>{u"Pages", u"475"}));
 }
 
+TEST_F(PropertyTest, ClickOnTheValueOfTheSelectedLineEdits) {
+    addEveryKind();
+    open();
+    world.user.clickCell(grid->list(), {1, 1});
+    EXPECT_FALSE(grid->isEditing()) << "the first click selects";
+    world.user.clickCell(grid->list(), {1, 0});
+    EXPECT_FALSE(grid->isEditing()) << "names are not edited";
+    world.user.clickCell(grid->list(), {1, 1});
+    EXPECT_TRUE(grid->isEditing());
+    press(Key::Escape);
+    world.user.doubleClickRow(grid->list(), 2);
+    EXPECT_EQ(box().text(), u"0.5");
+}
+
+TEST_F(PropertyTest, EditorStandsOverItsCellAndGoesWithIt) {
+    for (int i = 0; i < 100; ++i)
+        add(automation::decimal(i), u"Integer", i);
+    open();
+    edit(3);
+    EXPECT_EQ(box().bounds(), grid->list().cellBounds({3, 1}));
+    world.user.scrollTo(grid->list(), 2);
+    EXPECT_EQ(box().bounds(), grid->list().cellBounds({3, 1}));
+    world.user.type(*form, u"77");
+    world.user.scrollTo(grid->list(), 50);
+    EXPECT_FALSE(box().isVisible()) << "out of sight";
+    EXPECT_TRUE(grid->isEditing());
+    world.user.scrollTo(grid->list(), 0);
+    EXPECT_EQ(box().text(), u"77") << "the text waits";
+    edit(99);
+    EXPECT_TRUE(box().isVisible()) << "brought into view";
+    EXPECT_EQ(grid->model().items()[3]->value().toInteger(), 77);
+}
+
 TEST_F(PropertyTest, EscTakesBackWhatWasTyped) {
     addEveryKind();
     open();

@@ -62,6 +62,7 @@ TEST_F(PropertyTest, CategoriesAreHeadingsThatFold) {
                              {u"Age", u""},
                              {u"\u25BE Other", u""},
                              {u"Loose", u""}}));
+    EXPECT_TRUE(grid->list().isGroup(0));
     world.user.doubleClickRow(grid->list(), 0);
     EXPECT_EQ(look()[0][0], u"\u25B8 Address");
     EXPECT_EQ(grid->list().rowCount(), 5U);
@@ -71,6 +72,26 @@ TEST_F(PropertyTest, CategoriesAreHeadingsThatFold) {
     press(Key::Right);
     EXPECT_EQ(grid->list().rowCount(), 7U);
     EXPECT_EQ(grid->list().selectedRow(), 0U);
+}
+
+TEST_F(PropertyTest, LooksTellChangedRefusedAndLockedValues) {
+    addEveryKind();
+    type->items[2]->texts.readOnly = true;
+    open();
+    enter(0, u"Persuasion");
+    enter(1, u"old");
+    press(Key::Escape);
+    enter(1, u"x");
+    world.user.selectRow(grid->list(), 3);
+    const auto look = [this](std::size_t row) { return grid->list().cellLook({row, 1}); };
+    EXPECT_TRUE(look(0).bold);
+    EXPECT_EQ(grid->list().cellToolTip({0, 1}), u"Was: Emma");
+    EXPECT_EQ(look(1).text, (ui::Colour{176, 0, 0}));
+    EXPECT_EQ(grid->list().cellToolTip({1, 1}), u"Enter a whole number from -2147483648 to 2147483647.");
+    EXPECT_EQ(look(2).text, (ui::Colour{96, 96, 96}));
+    EXPECT_FALSE(look(3).bold);
+    EXPECT_FALSE(look(3).text);
+    EXPECT_FALSE(grid->list().isGroup(0));
 }
 
 TEST_F(PropertyTest, SearchLooksIntoNamesAndDescriptions) {
