@@ -94,19 +94,23 @@ Gallery::Gallery(ui::Desktop& desktop, std::u16string_view name)
     layOut();
 }
 
-void Gallery::addChoices() {
+void Gallery::addDrawings() {
     using namespace ui::glyphs;
     for (const Shared& drawing :
          {plus(), minus(), newNode(), link(), newLink(), ui::glyphs::remove(), tick(), cross(), save(),
           open(), refresh(), back(), forward(), search(), revert()}) {
-        ui::Button& button = form->add<ui::Button>(u"Glyph");
-        button.setText(u"Glyph");
+        ui::Button& button = form->add<ui::Button>(u"Drawing");
+        button.setText(u"Drawing");
         button.setGlyph(drawing);
         button.setToolTip(u"A drawing");
         glyphs.push_back(&button);
     }
     glyphs[3]->setEnabled(false);
     glyphs[5]->setEnabled(false);
+    layOut();
+}
+
+void Gallery::addChoices() {
     check = &form->add<ui::CheckBox>(u"Check");
     check->setText(u"Dynamic d&irection");
     check->setChecked(true);

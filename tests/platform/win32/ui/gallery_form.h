@@ -50,6 +50,8 @@ struct Gallery {
     ui::Twips split{4200};
 
     void layOut();
+    /// A button for each drawing of the library, two of them disabled.
+    void addDrawings();
 
   private:
     void addChoices();

@@ -64,6 +64,7 @@ class LookingRows final : public ui::RowSource {
 }  // namespace
 
 TEST_F(Looks, AButtonPaintsItsDrawingPixelByPixelAtEveryResolution) {
+    gallery->addDrawings();
     ui::Button& button = *gallery->glyphs.front();
     for (const int dpi : {96, 144, 192}) {
         SCOPED_TRACE(dpi);
@@ -76,6 +77,7 @@ TEST_F(Looks, AButtonPaintsItsDrawingPixelByPixelAtEveryResolution) {
 }
 
 TEST_F(Looks, ADisabledButtonPaintsItsDrawingFaintly) {
+    gallery->addDrawings();
     ui::Button& button = *gallery->glyphs.front();
     button.setEnabled(false);
     const Snapshot disabled(window(button));

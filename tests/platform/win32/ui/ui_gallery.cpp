@@ -11,6 +11,7 @@ int main(int count, char** arguments) {
     using namespace quorel;
     win32::WindowsDesktop desktop(::GetModuleHandleW(nullptr));
     win32::testing::Gallery gallery(desktop);
+    gallery.addDrawings();
     const auto close = [&] { gallery.form->unload(); };
     gallery.ok->onClick.connect(close);
     gallery.cancel->onClick.connect(close);
