@@ -10,11 +10,14 @@
 #include <string_view>
 
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/form.h"
 #include "platform/ui/keys.h"
+#include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
+#include "platform/ui/progress_bar.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::conformance {
@@ -43,6 +46,15 @@ class Backend {
     virtual void doubleClick(ui::Control& control) = 0;
     /// Replaces the whole text of a box by `text`, typed or pasted.
     virtual void enterText(ui::TextBox& box, std::u16string_view text) = 0;
+    /// Drops the list of a combo box down and chooses.
+    virtual void chooseItem(ui::ComboBox& box, std::size_t index) = 0;
+    /// Types characters by their keys into what has the focus.
+    virtual void typeKeys(ui::Form& form, std::u16string_view text) = 0;
+    /// The mouse's own button for back or forward, over the control.
+    virtual void navigate(ui::Control& control, ui::Navigation where) = 0;
+    /// In the next menu that the program pops up, which shows what is below `menu`, the user chooses the
+    /// entry of that name; leaves it when the name is empty.
+    virtual void duringMenu(ui::Form& form, const ui::MenuItem& menu, std::u16string_view entry) = 0;
     /// A key goes to the control that has the focus.
     virtual void press(ui::Form& form, ui::KeyChord chord) = 0;
     /// A click into a visible row; two of them fast; a click under the last row.
@@ -75,6 +87,8 @@ class Backend {
     /// The text that the native window holds: the control's by `ui::shownText`, marks of access keys and all.
     [[nodiscard]] virtual std::u16string seenText(const ui::Control& control) = 0;
     [[nodiscard]] virtual ui::CheckValue seenCheck(const ui::CheckBox& box) = 0;
+    /// How much of the bar is filled, in hundredths.
+    [[nodiscard]] virtual int seenProgress(const ui::ProgressBar& bar) = 0;
     [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                                   std::size_t column) = 0;
     [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;

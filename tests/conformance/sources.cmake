@@ -2,9 +2,11 @@
 set(QUOREL_CONFORMANCE_SOURCES
     ${CMAKE_SOURCE_DIR}/tests/conformance/cells.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/choices.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/combos.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/forms.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/input.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/keyboard.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/lists.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/navigation.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/reentrancy.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/window.cpp)

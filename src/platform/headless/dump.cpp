@@ -4,9 +4,11 @@
 
 #include "platform/automation/text.h"
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/control_visitor.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
+#include "platform/ui/progress_bar.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -61,6 +63,18 @@ class Describer final : public ui::ControlVisitor {
     void visit(ui::CheckBox& box) override {
         kind = "CheckBox";
         extra = box.value() == ui::CheckValue::Grayed ? " grayed" : box.isChecked() ? " checked" : "";
+    }
+    void visit(ui::ComboBox& box) override {
+        kind = "ComboBox";
+        extra = box.isEditable() ? " editable" : "";
+        extra += " items " + std::to_string(box.items().size());
+        if (box.listIndex())
+            extra += " chosen " + std::to_string(*box.listIndex());
+    }
+    void visit(ui::ProgressBar& bar) override {
+        kind = "ProgressBar";
+        extra = ' ' + std::to_string(bar.value()) + " in " + std::to_string(bar.minimum()) + ".." +
+                std::to_string(bar.maximum());
     }
     void visit(ui::PictureBox&) override { kind = "PictureBox"; }
     void visit(ui::VirtualList& list) override {

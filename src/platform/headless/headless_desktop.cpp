@@ -1,10 +1,12 @@
 #include "platform/headless/headless_desktop.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
 #include "platform/automation/text.h"
+#include "platform/ui/menu.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -49,6 +51,13 @@ void HeadlessPeer::takeFocus() {
         form->userFocused(&control_);
 }
 
+void HeadlessPeer::popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) {
+    static_cast<void>(place);
+    const auto& items = menu.items();
+    if (std::any_of(items.begin(), items.end(), [](const auto& item) { return item->isVisible(); }))
+        desktop_.serveMenu(menu);
+}
+
 HeadlessDesktop::HeadlessDesktop() : workArea_(kScreen) {}
 
 HeadlessDesktop::~HeadlessDesktop() {
@@ -70,7 +79,26 @@ void HeadlessDesktop::expectMessage(std::function<void(const ui::Message&)> look
     expected_.push_back({.isMessage = true, .look = std::move(look), .answer = answer});
 }
 
+void HeadlessDesktop::expectMenu(std::u16string_view entry) {
+    expected_.push_back({.isMenu = true, .entry = std::u16string(entry)});
+}
+
+void HeadlessDesktop::serveMenu(ui::MenuItem& menu) {
+    if (expected_.empty() || !expected_.front().isMenu)
+        return fail("unexpected menu: " + nextExpected());
+    const std::u16string entry = std::move(expected_.front().entry);
+    expected_.pop_front();
+    if (entry.empty())
+        return;
+    ui::MenuItem* const chosen = menu.find(entry);
+    if (chosen == nullptr || !chosen->isChoosable())
+        return fail("the menu has no usable entry " + quoted(entry));
+    chosen->userClicked();
+}
+
 std::string HeadlessDesktop::describe(const Expectation& expectation) {
+    if (expectation.isMenu)
+        return "a menu to choose " + quoted(expectation.entry) + " from";
     return expectation.isMessage ? "a message box" : "the modal form " + quoted(expectation.formName);
 }
 
@@ -112,7 +140,8 @@ std::unique_ptr<ui::Peer> HeadlessDesktop::makePeer(ui::Control& control) {
 
 void HeadlessDesktop::runModal(ui::Form& form) {
     const Expectation* const next = expected_.empty() ? nullptr : &expected_.front();
-    if (next == nullptr || next->isMessage || (!next->formName.empty() && next->formName != form.name())) {
+    if (next == nullptr || next->isMessage || next->isMenu ||
+        (!next->formName.empty() && next->formName != form.name())) {
         fail("unexpected modal form " + quoted(form.name()) + ": " + nextExpected());
         form.hide();
         return;

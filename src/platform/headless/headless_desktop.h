@@ -23,6 +23,7 @@ class HeadlessPeer final : public ui::Peer {
     ~HeadlessPeer() override;
     void apply(ui::Change changes) override;
     void takeFocus() override;
+    void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) override;
     /// By nominal sizes, as a list of the platform's at 96 dots per inch has them.
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override;
 
@@ -62,6 +63,9 @@ class HeadlessDesktop final : public ui::Desktop {
     /// The next message box; `look` (may be empty) reads it, then it gets `answer`.
     void expectMessage(std::function<void(const ui::Message&)> look,
                        ui::MessageAnswer answer = ui::MessageAnswer::Ok);
+    /// The next menu that the program pops up: the user chooses the entry of that name, or none if it is
+    /// empty.
+    void expectMenu(std::u16string_view entry);
     /// Throws `std::logic_error` that tells every failure and unmet expectation, and forgets them.
     void verify();
     /// Records a failure for `verify`.
@@ -96,16 +100,19 @@ class HeadlessDesktop final : public ui::Desktop {
   private:
     friend class HeadlessPeer;
 
-    /// One scripted window: a modal form or a message box.
+    /// One scripted window: a modal form, a message box or a menu.
     struct Expectation {
         bool isMessage = false;
+        bool isMenu = false;
         std::u16string formName{};
+        std::u16string entry{};
         std::function<void(ui::Form&)> user{};
         std::function<void(const ui::Message&)> look{};
         ui::MessageAnswer answer = ui::MessageAnswer::Ok;
     };
     [[nodiscard]] static std::string describe(const Expectation& expectation);
     [[nodiscard]] std::string nextExpected() const;
+    void serveMenu(ui::MenuItem& menu);
     void serveModal(ui::Form& form, const std::function<void(ui::Form&)>& user);
 
     std::deque<Expectation> expected_;

@@ -178,6 +178,22 @@ void User::resize(ui::Form& form, ui::Size clientSize) {
     desktop_.runPosted();
 }
 
+void User::choose(ui::ComboBox& box, std::size_t index) {
+    const auto form = reach(box);
+    if (index >= box.items().size())
+        throw CannotDo(called(box) + " has no item " + std::to_string(index));
+    focusByClick(*form, box);
+    if (box.isUsable())
+        box.userChose(index);
+    desktop_.runPosted();
+}
+
+void User::navigate(ui::Form& form, ui::Navigation where) {
+    const auto alive = reach(form);
+    form.userNavigated(where);
+    desktop_.runPosted();
+}
+
 void User::dragSplitter(ui::Splitter& splitter, ui::Twips position) {
     const auto form = reach(splitter);
     focusByClick(*form, splitter);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/headless/headless_desktop.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/control.h"
 #include "platform/ui/keys.h"
 #include "platform/ui/menu.h"
@@ -52,6 +53,10 @@ class User {
     void chooseMenu(ui::Form& form, std::u16string_view entry);
     void closeBox(ui::Form& form);
     void resize(ui::Form& form, ui::Size clientSize);
+    /// Drops the list down and chooses.
+    void choose(ui::ComboBox& box, std::size_t index);
+    /// The mouse buttons made for it.
+    void navigate(ui::Form& form, ui::Navigation where);
     void dragSplitter(ui::Splitter& splitter, ui::Twips position);
 
     // Keyboard
@@ -63,6 +68,7 @@ class User {
     void type(ui::Form& form, std::u16string_view text);
     /// Goes into the box and replaces its text by one paste.
     void enterText(ui::TextBox& box, std::u16string_view text);
+    void enterText(ui::ComboBox& box, std::u16string_view text);
 
     // Eyes
     // --------------------------------------------------------------------
@@ -80,6 +86,8 @@ class User {
     static void moveSelection(ui::VirtualList& list, std::size_t row);
     [[nodiscard]] bool pressInList(ui::VirtualList& list, ui::KeyChord chord) const;
     [[nodiscard]] bool pressInBox(ui::TextBox& box, ui::KeyChord chord) const;
+    [[nodiscard]] static bool pressInCombo(ui::ComboBox& box, ui::KeyChord chord);
+    static void typeInCombo(ui::ComboBox& box, std::u16string_view character);
     [[nodiscard]] static bool pressInSplitter(ui::Splitter& splitter, ui::KeyChord chord);
     void typeUnit(ui::Form& form, std::u16string_view character, std::u16string& typedInList);
 

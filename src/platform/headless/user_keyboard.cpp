@@ -91,6 +91,8 @@ void User::pressOwnKey(ui::Form& form, ui::Control& focused, KeyChord chord) {
         used = pressInList(*list, chord);
     else if (auto* const box = dynamic_cast<ui::TextBox*>(&focused))
         used = pressInBox(*box, chord);
+    else if (auto* const combo = dynamic_cast<ui::ComboBox*>(&focused))
+        used = pressInCombo(*combo, chord);
     else if (auto* const splitter = dynamic_cast<ui::Splitter*>(&focused))
         used = pressInSplitter(*splitter, chord);
     if (!used)
@@ -140,6 +142,37 @@ bool User::pressInBox(ui::TextBox& box, KeyChord chord) const {
     return false;
 }
 
+bool User::pressInCombo(ui::ComboBox& box, KeyChord chord) {
+    if (chord == KeyChord{Key::Backspace} && box.isEditable()) {
+        box.userTyped(withoutLastCharacter(box.text()));
+        return true;
+    }
+    const bool ends = !box.isEditable() && (chord == KeyChord{Key::Home} || chord == KeyChord{Key::End});
+    if (box.items().empty() || (!ends && chord != KeyChord{Key::Up} && chord != KeyChord{Key::Down}))
+        return false;
+    const std::size_t last = box.items().size() - 1;
+    std::size_t next = chord.key == Key::End ? last : 0;
+    if (!ends && box.listIndex())
+        next = chord.key == Key::Down ? std::min(*box.listIndex() + 1, last)
+                                      : std::max<std::size_t>(*box.listIndex(), 1) - 1;
+    box.userChose(next);
+    return true;
+}
+
+/// A list goes to its next item that begins so.
+void User::typeInCombo(ui::ComboBox& box, std::u16string_view character) {
+    if (box.isEditable())
+        return box.userTyped(box.text() + std::u16string(character));
+    const KeyChord wanted = chordOf(character);
+    const std::size_t count = box.items().size();
+    const std::size_t start = box.listIndex() ? *box.listIndex() + 1 : 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::u16string& item = box.items()[(start + i) % count];
+        if (!item.empty() && chordOf(item).key == wanted.key && wanted.key != Key::None)
+            return box.userChose((start + i) % count);
+    }
+}
+
 bool User::pressInSplitter(ui::Splitter& splitter, KeyChord chord) {
     const bool vertical = splitter.orientation() == ui::Orientation::Vertical;
     const ui::Twips at = vertical ? splitter.bounds().left : splitter.bounds().top;
@@ -184,9 +217,21 @@ void User::typeUnit(ui::Form& form, std::u16string_view character, std::u16strin
         if (const auto found = list->userFinds(typedInList, start))
             if (list->selectedRow() != *found)
                 moveSelection(*list, *found);
+    } else if (auto* const combo = dynamic_cast<ui::ComboBox*>(focused)) {
+        typeInCombo(*combo, character);
     } else if (chord == KeyChord{Key::Space}) {
         static_cast<void>(ui::pressDialogKey(form, chord));
     }
+}
+
+void User::enterText(ui::ComboBox& box, std::u16string_view text) {
+    const auto form = reach(box);
+    if (!box.isEditable())
+        throw CannotDo("'" + automation::toUtf8(box.name()) + "' is only a list");
+    form->userFocused(&box);
+    if (box.isUsable())
+        box.userTyped(text);
+    desktop_.runPosted();
 }
 
 void User::enterText(ui::TextBox& box, std::u16string_view text) {

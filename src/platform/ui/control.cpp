@@ -45,6 +45,7 @@ void Control::setText(std::u16string_view text) {
     if (text_ == text)
         return;
     text_ = text;
+    textSet();
     changed(Change::Text);
 }
 
@@ -102,6 +103,13 @@ Menu* Control::userContextMenu() {
     const bool any =
         std::any_of(items.begin(), items.end(), [](const auto& item) { return item->isVisible(); });
     return any ? contextMenu_.get() : nullptr;
+}
+
+void Control::popUpMenu(MenuItem& menu, MenuPlace place) {
+    const auto alive = keepFormAlive();
+    const auto menuAlive = menu.keepFormAlive();
+    if (peer_ && isUsable())
+        peer_->popUpMenu(menu, place);
 }
 
 void Control::focus() {

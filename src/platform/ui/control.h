@@ -18,6 +18,7 @@ class Container;
 class ControlVisitor;
 class Form;
 class Menu;
+class MenuItem;
 
 /// A portable control: owns its state and raises its events; a peer mirrors it while its form is shown.
 /// Created by `Container::add`, owned by its container. Setters change the state at once and tell the peer,
@@ -75,6 +76,10 @@ class Control {
     Event<KeyEvent&> onKeyDown;
     Event<> onContextMenu;
 
+    /// Shows the entries below `menu` and runs what the user chooses; returns when the menu has closed.
+    /// Nothing happens while the control is not usable or no entry is visible. `onContextMenu` is not raised.
+    void popUpMenu(MenuItem& menu, MenuPlace place = MenuPlace::Mouse);
+
     /// The user asks for the context menu: raises `onContextMenu` and answers the menu to show; null when
     /// there is nothing to choose or the control is not usable any more.
     [[nodiscard]] Menu* userContextMenu();
@@ -91,6 +96,8 @@ class Control {
     void changed(Change changes);
     /// For composed controls: the bounds have changed, so the children are to be placed anew.
     virtual void boundsChanged() {}
+    /// The program has set another text.
+    virtual void textSet() {}
     /// Keeps the form alive while the handlers of an event run. Null outside a form.
     [[nodiscard]] std::shared_ptr<const Form> keepFormAlive() const noexcept;
 

@@ -4,10 +4,12 @@ namespace quorel::ui {
 
 class Button;
 class CheckBox;
+class ComboBox;
 class Form;
 class Label;
 class Panel;
 class PictureBox;
+class ProgressBar;
 class Splitter;
 class StatusBar;
 class TextBox;
@@ -22,6 +24,8 @@ class ControlVisitor {
     virtual void visit(TextBox& box) = 0;
     virtual void visit(Button& button) = 0;
     virtual void visit(CheckBox& box) = 0;
+    virtual void visit(ComboBox& box) = 0;
+    virtual void visit(ProgressBar& bar) = 0;
     virtual void visit(PictureBox& box) = 0;
     virtual void visit(VirtualList& list) = 0;
     virtual void visit(StatusBar& bar) = 0;

@@ -100,6 +100,8 @@ bool pressDialogKey(Form& form, KeyChord chord) {
         return press(form.cancelButton());
     if (chord == KeyChord{Key::Space})
         return press(focused);
+    if (chord == KeyChord{Key::Left, Modifiers::Alt} || chord == KeyChord{Key::Right, Modifiers::Alt})
+        return form.userNavigated(chord.key == Key::Left ? Navigation::Back : Navigation::Forward);
     if (chord.modifiers == Modifiers::Alt)
         return pressAccessKey(form, static_cast<char16_t>(chord.key));
     return false;

@@ -12,8 +12,8 @@ namespace quorel::ui {
 /// What a key does in any window, after `Form::userKeyDown` has left it and unless the focused control wants
 /// it: Tab and Shift+Tab move the focus; Enter presses the focused button, else the default button; Esc
 /// presses the cancel button; Space presses the focused button or turns the focused check box over; Alt with
-/// a letter does so to the one, or goes to the control after the label, that bears it as access key. True if
-/// the key had a use.
+/// a letter does so to the one, or goes to the control after the label, that bears it as access key; Alt+Left
+/// and Alt+Right go back and forward. True if the key had a use.
 bool pressDialogKey(Form& form, KeyChord chord);
 
 }  // namespace quorel::ui

@@ -187,6 +187,14 @@ void Form::userFocused(Control* control) {
         control->onGotFocus.raise();
 }
 
+bool Form::userNavigated(Navigation where) {
+    if (!onNavigate.isConnected() || !isUsable())
+        return false;
+    const auto alive = keepFormAlive();
+    onNavigate.raise(where);
+    return true;
+}
+
 bool Form::userKeyDown(KeyChord chord) {
     const auto alive = keepFormAlive();
     if (MenuItem* const entry = menuBar_ ? menuBar_->findShortcut(chord) : nullptr) {

@@ -13,6 +13,8 @@ class MenuBar;
 
 enum class Modality : bool { Modeless, Modal };
 
+enum class Navigation : bool { Back, Forward };
+
 /// A window. Held by `std::shared_ptr`; every event of a form or its controls keeps the form alive until the
 /// outermost handler has returned, so a handler may drop the last other reference.
 ///
@@ -72,6 +74,9 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     Event<> onResize;
     Event<bool&> onQueryUnload;  ///< set the argument to keep the window open
     Event<> onUnload;
+    /// The user goes back or forward: by the mouse buttons or keys made for it, by Alt+Left and Alt+Right
+    /// where nothing else takes them.
+    Event<Navigation> onNavigate;
 
     // What the user does, reported by the peer.
     // --------------------------------------------------------------------
@@ -82,6 +87,8 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     /// The focus went to `control`, or to none of the form's. Nothing happens when it is there already. Not
     /// for a window that is deactivated: the control that gets the focus back keeps it meanwhile.
     void userFocused(Control* control);
+    /// True if somebody listens.
+    bool userNavigated(Navigation where);
     /// Menu shortcuts and `onKeyDown` of the focused control and then of the form; true if one of them took
     /// the key.
     [[nodiscard]] bool userKeyDown(KeyChord chord);

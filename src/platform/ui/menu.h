@@ -57,6 +57,8 @@ class MenuItem {
     [[nodiscard]] virtual std::shared_ptr<const Form> keepFormAlive() const noexcept;
 
   private:
+    friend class Control;
+
     std::u16string name_;
     std::u16string caption_;
     KeyChord shortcut_;

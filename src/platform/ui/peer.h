@@ -37,6 +37,11 @@ struct CellIndex {
     friend constexpr bool operator==(CellIndex, CellIndex) = default;
 };
 
+/// Where a menu opens that the program shows: at the mouse, or under the control.
+enum class MenuPlace : bool { Mouse, Control };
+
+class MenuItem;
+
 /// The native half of a control: mirrors its state in a native window and reports what the user does by the
 /// control's `user…` members. Made when the control is first shown, dropped when its form unloads. A peer
 /// must survive being destroyed while it reports (the handler may unload the form).
@@ -49,6 +54,11 @@ class Peer {
 
     virtual void apply(Change changes) = 0;
     virtual void takeFocus() = 0;
+    /// Shows the entries below `menu`, waits for the user, clicks the entry chosen.
+    virtual void popUpMenu(MenuItem& menu, MenuPlace place) {
+        static_cast<void>(menu);
+        static_cast<void>(place);
+    }
     /// For lists: where the visible part of a cell is, relative to the list; none while it is out of sight.
     [[nodiscard]] virtual std::optional<Rect> cellBounds(CellIndex cell) const {
         static_cast<void>(cell);

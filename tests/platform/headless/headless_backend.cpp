@@ -20,6 +20,14 @@ class HeadlessBackend final : public Backend {
         user_.click(control);
     }
     void enterText(ui::TextBox& box, std::u16string_view text) override { user_.enterText(box, text); }
+    void chooseItem(ui::ComboBox& box, std::size_t index) override { user_.choose(box, index); }
+    void typeKeys(ui::Form& form, std::u16string_view text) override { user_.type(form, text); }
+    void navigate(ui::Control& control, ui::Navigation where) override {
+        user_.navigate(*control.form(), where);
+    }
+    void duringMenu(ui::Form&, const ui::MenuItem&, std::u16string_view entry) override {
+        desktop_.expectMenu(entry);
+    }
     void press(ui::Form& form, ui::KeyChord chord) override { user_.press(form, chord); }
     void clickRow(ui::VirtualList& list, std::size_t row) override { user_.selectRow(list, row); }
     void doubleClickRow(ui::VirtualList& list, std::size_t row) override { user_.doubleClickRow(list, row); }
@@ -60,6 +68,9 @@ class HeadlessBackend final : public Backend {
         return control.peer() != nullptr ? ui::shownText(control.text()) : std::u16string();
     }
     [[nodiscard]] ui::CheckValue seenCheck(const ui::CheckBox& box) override { return box.value(); }
+    [[nodiscard]] int seenProgress(const ui::ProgressBar& bar) override {
+        return static_cast<int>(bar.filled() * 100 + 0.5);
+    }
     [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                           std::size_t column) override {
         return ui::shownText(list.cellText(row, column));

@@ -17,6 +17,9 @@ class ControlPeer : public ui::Peer {
     void apply(ui::Change changes) override { std::shared_ptr(window_)->apply(changes); }
     void takeFocus() override { std::shared_ptr(window_)->takeFocus(); }
 
+    void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) override {
+        std::shared_ptr(window_)->popUpMenu(menu, place);
+    }
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override {
         return std::shared_ptr(window_)->cellBounds(cell);
     }

@@ -62,8 +62,8 @@ void ListWindow::scrollToTarget() const {
         return;
     send(LVM_ENSUREVISIBLE, target->row, FALSE);
     RECT column{}, client{};
-    if (!target->column || ::SendMessageW(header_, HDM_GETITEMRECT, *target->column,
-                                          reinterpret_cast<LPARAM>(&column)) == FALSE)
+    if (!target->column ||
+        ::SendMessageW(header_, HDM_GETITEMRECT, *target->column, reinterpret_cast<LPARAM>(&column)) == FALSE)
         return;
     ::MapWindowPoints(header_, handle(), reinterpret_cast<POINT*>(&column), 2);
     ::GetClientRect(handle(), &client);

@@ -129,7 +129,7 @@ std::optional<MenuPath> commandPath(const NativeMenu& menu, UINT command) {
     return menu.commands[command - kFirstCommand];
 }
 
-std::optional<MenuPath> trackMenu(const ui::Menu& menu, HWND owner, POINT at) {
+std::optional<MenuPath> trackMenu(const ui::MenuItem& menu, HWND owner, POINT at) {
     const NativeMenu native = buildMenu(menu, false);
     if (!native.handle)
         return std::nullopt;

@@ -36,7 +36,7 @@ inline constexpr UINT kFirstCommand = 0x100;
 /// The entry that `command` chooses; empty when it is none of the menu's.
 [[nodiscard]] std::optional<MenuPath> commandPath(const NativeMenu& menu, UINT command);
 
-/// Opens a context menu at a point of the screen and waits for the user.
-[[nodiscard]] std::optional<MenuPath> trackMenu(const ui::Menu& menu, HWND owner, POINT at);
+/// Opens the entries below `menu` at a point of the screen and waits for the user.
+[[nodiscard]] std::optional<MenuPath> trackMenu(const ui::MenuItem& menu, HWND owner, POINT at);
 
 }  // namespace quorel::win32

@@ -40,8 +40,9 @@ void find(HMODULE module, const char* name, Function& function) noexcept {
 }
 
 void useControls() noexcept {
-    const INITCOMMONCONTROLSEX wanted{sizeof(INITCOMMONCONTROLSEX),
-                                      ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
+    const INITCOMMONCONTROLSEX wanted{sizeof(INITCOMMONCONTROLSEX), ICC_STANDARD_CLASSES |
+                                                                        ICC_LISTVIEW_CLASSES |
+                                                                        ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
     ::InitCommonControlsEx(&wanted);
 }
 

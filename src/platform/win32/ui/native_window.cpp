@@ -101,7 +101,9 @@ void NativeWindow::takeFocus() {
     const auto keep = shared_from_this();
     const NativeScope scope(services().controls);
     ::SetFocus(handle_);
-    if (::GetFocus() == handle_)
+    const HWND focus = ::GetFocus();
+    if (handle_ != nullptr &&
+        (focus == handle_ || (::IsChild(handle_, focus) != FALSE && of(focus) == nullptr)))
         focused();
 }
 
@@ -137,10 +139,6 @@ std::optional<ui::Colour> NativeWindow::background() const {
     return std::nullopt;
 }
 
-ui::PixelRect NativeWindow::placeAtOpening() const {
-    return toPixels(control_->bounds(), dpi());
-}
-
 void NativeWindow::rescaled() {
     send(WM_SETFONT, reinterpret_cast<WPARAM>(frame_->font()), TRUE);
     if (control_ != nullptr)
@@ -151,7 +149,7 @@ void NativeWindow::mirror(ui::Change changes) {
     if (has(changes, ui::Change::Text))
         mirrorText();
     if (has(changes, ui::Change::Bounds))
-        frame_->place(handle_, toPixels(control_->bounds(), dpi()));
+        frame_->place(handle_, place());
     if (has(changes, ui::Change::Enabled))
         setLocked(locked_);
     if (has(changes, ui::Change::Visible))
@@ -220,6 +218,8 @@ LRESULT NativeWindow::serve(UINT message, WPARAM w, LPARAM l) {
         return result;
     }
     if (message == WM_SETCURSOR && showsPointer(l))
+        return TRUE;
+    if ((message == WM_XBUTTONUP || message == WM_APPCOMMAND) && navigate(message, w, l))
         return TRUE;
     if (message == WM_CONTEXTMENU && showContextMenu(l))
         return 0;

@@ -38,6 +38,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
 
     void apply(ui::Change changes);
     virtual void takeFocus();
+    void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place);
     /// For lists: the visible part of a cell, relative to the window's outer edges.
     [[nodiscard]] virtual std::optional<ui::Rect> cellBounds(ui::CellIndex) { return std::nullopt; }
 
@@ -65,7 +66,9 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
         DWORD extendedStyle = 0;
     };
     [[nodiscard]] virtual Description describe() = 0;
-    [[nodiscard]] virtual ui::PixelRect placeAtOpening() const;
+    /// Where the control wants it.
+    [[nodiscard]] virtual ui::PixelRect place() const { return toPixels(control_->bounds(), dpi()); }
+    [[nodiscard]] virtual ui::PixelRect placeAtOpening() const { return place(); }
     /// The HWND stands, without the control's state.
     virtual void opened() {}
     /// Brings the HWND in line with the control's state.
@@ -82,6 +85,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] virtual POINT contextPoint() const;
     /// Raises the event and shows the menu of the control; false when it has neither.
     [[nodiscard]] bool showContextMenu(LPARAM position);
+    [[nodiscard]] bool navigate(UINT message, WPARAM w, LPARAM l);
 
     /// What the system's class would do.
     LRESULT original(UINT message, WPARAM w = 0, LPARAM l = 0) const noexcept;
@@ -93,6 +97,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] std::int32_t dpi() const noexcept { return frame_->dpi(); }
     /// The own background or the nearest ancestor's; none means the system's.
     [[nodiscard]] std::optional<ui::Colour> background() const;
+    /// The focus has come to the window or into it.
+    void focused();
     void setNativeText(const std::u16string& shown);
     /// The window has a tool tip that the control knows nothing of, to be forgotten with it.
     void toolTipSet() noexcept { hasToolTip_ = true; }
@@ -107,7 +113,6 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] bool showsPointer(LPARAM hit) const;
     [[nodiscard]] std::optional<LRESULT> reflect(UINT message, WPARAM w, LPARAM l);
     void standInTabOrder() const;
-    void focused();
     void gone() noexcept;
 
     std::shared_ptr<Frame> frame_;

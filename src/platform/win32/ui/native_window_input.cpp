@@ -143,4 +143,40 @@ bool NativeWindow::showContextMenu(LPARAM position) {
     return true;
 }
 
+void NativeWindow::popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) {
+    if (handle_ == nullptr)
+        return;
+    const Serving serving(frame_);
+    const NativeScope scope(services().controls);
+    POINT at{};
+    if (place == ui::MenuPlace::Mouse) {
+        ::GetCursorPos(&at);
+    } else {
+        RECT outer{};
+        ::GetWindowRect(handle_, &outer);
+        at = {outer.left, outer.bottom};
+    }
+    const std::optional<MenuPath> chosen = trackMenu(menu, frame_->form(), at);
+    if (ui::MenuItem* const entry = chosen ? resolve(menu, *chosen) : nullptr)
+        entry->userClicked();
+}
+
+/// Back and forward: the mouse's buttons, and what keyboards and system make of theirs.
+bool NativeWindow::navigate(UINT message, WPARAM w, LPARAM l) {
+    ui::Form* const form = control_->form();
+    if (form == nullptr || ::IsWindowEnabled(frame_->form()) == FALSE)
+        return false;
+    if (message == WM_XBUTTONUP)
+        return form->userNavigated(GET_XBUTTON_WPARAM(w) == XBUTTON1 ? ui::Navigation::Back
+                                                                     : ui::Navigation::Forward);
+    switch (GET_APPCOMMAND_LPARAM(l)) {
+        case APPCOMMAND_BROWSER_BACKWARD:
+            return form->userNavigated(ui::Navigation::Back);
+        case APPCOMMAND_BROWSER_FORWARD:
+            return form->userNavigated(ui::Navigation::Forward);
+        default:
+            return false;
+    }
+}
+
 }  // namespace quorel::win32

@@ -2,6 +2,7 @@
 
 #include "platform/automation/error.h"
 #include "platform/ui/control_visitor.h"
+#include "platform/win32/ui/choice_windows.h"
 #include "platform/win32/ui/form_window.h"
 #include "platform/win32/ui/input_windows.h"
 #include "platform/win32/ui/list_window.h"
@@ -24,6 +25,8 @@ class Factory final : public ui::ControlVisitor {
     void visit(ui::TextBox& box) override { make<TextWindow>(box); }
     void visit(ui::Button& button) override { make<ButtonWindow>(button); }
     void visit(ui::CheckBox& box) override { make<CheckWindow>(box); }
+    void visit(ui::ComboBox& box) override { make<ComboWindow>(box); }
+    void visit(ui::ProgressBar& bar) override { make<ProgressWindow>(bar); }
     void visit(ui::PictureBox& box) override { make<PictureWindow>(box); }
     void visit(ui::VirtualList& list) override { make<ListWindow>(list); }
     void visit(ui::StatusBar& bar) override { make<StatusWindow>(bar); }

@@ -97,6 +97,23 @@ class NativeBackend final : public Backend {
         native::doubleClick(window, native::middleOf(window));
     }
     void enterText(ui::TextBox& box, std::u16string_view text) override;
+    void chooseItem(ui::ComboBox& box, std::size_t index) override;
+    void typeKeys(ui::Form& form, std::u16string_view text) override {
+        native::type(native::windowFor(form), text);
+    }
+    void navigate(ui::Control& control, ui::Navigation where) override {
+        const HWND window = native::windowFor(control);
+        native::requireUsable(window);
+        const WORD button = where == ui::Navigation::Back ? XBUTTON1 : XBUTTON2;
+        ::PostMessageW(window, WM_XBUTTONDOWN, MAKEWPARAM(0, button), 0);
+        ::PostMessageW(window, WM_XBUTTONUP, MAKEWPARAM(0, button), 0);
+        native::pump();
+    }
+    void duringMenu(ui::Form& form, const ui::MenuItem& menu, std::u16string_view entry) override {
+        courier_.send([this, &menu, window = native::windowFor(form), wanted = std::u16string(entry)] {
+            chooseFromOpenMenu(menu, window, wanted);
+        });
+    }
     void press(ui::Form& form, ui::KeyChord chord) override { native::press(native::windowFor(form), chord); }
     void clickRow(ui::VirtualList& list, std::size_t row) override {
         const HWND window = native::windowFor(list);
@@ -155,6 +172,11 @@ class NativeBackend final : public Backend {
     [[nodiscard]] ui::CheckValue seenCheck(const ui::CheckBox& box) override {
         return static_cast<ui::CheckValue>(::SendMessageW(native::windowFor(box), BM_GETCHECK, 0, 0));
     }
+    [[nodiscard]] int seenProgress(const ui::ProgressBar& bar) override {
+        const HWND window = native::windowFor(bar);
+        const auto most = static_cast<int>(::SendMessageW(window, PBM_GETRANGE, FALSE, 0));
+        return ::MulDiv(static_cast<int>(::SendMessageW(window, PBM_GETPOS, 0, 0)), 100, most);
+    }
     [[nodiscard]] std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                           std::size_t column) override {
         return native::cellOf(native::windowFor(list), row, column);
@@ -175,7 +197,7 @@ class NativeBackend final : public Backend {
     [[nodiscard]] static bool sees(const ui::Control& control) {
         return control.peer() != nullptr && ::IsWindowVisible(native::windowFor(control)) != FALSE;
     }
-    void chooseFromOpenMenu(ui::Control& control, HWND form, const std::u16string& entry);
+    static void chooseFromOpenMenu(const ui::MenuItem& menu, HWND form, const std::u16string& entry);
 
     Courier courier_;
     WatchedDesktop desktop_{courier_};
@@ -197,6 +219,23 @@ void NativeBackend::enterText(ui::TextBox& box, std::u16string_view text) {
     ::SendMessageW(window, EM_SETSEL, 0, -1);
     ::PostMessageW(window, WM_PASTE, 0, 0);
     native::pump();
+}
+
+/// By the keyboard: opens the list, goes down from its top, confirms.
+void NativeBackend::chooseItem(ui::ComboBox& box, std::size_t index) {
+    const HWND window = native::windowFor(box);
+    native::requireUsable(window);
+    if (static_cast<LRESULT>(index) >= ::SendMessageW(window, CB_GETCOUNT, 0, 0))
+        throw std::runtime_error("the box has no such item");
+    const HWND form = native::windowFor(*box.form());
+    ::SetFocus(window);
+    native::press(form, {ui::Key::F4});
+    if (::SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) == FALSE)
+        throw std::runtime_error("the list did not open");
+    native::press(form, {ui::Key::PageUp});
+    for (std::size_t i = 0; i < index; ++i)
+        native::press(form, {ui::Key::Down});
+    native::press(form, {ui::Key::Enter});
 }
 
 void NativeBackend::clickBelowRows(ui::VirtualList& list) {
@@ -244,12 +283,12 @@ void NativeBackend::chooseContextMenu(ui::Control& control, std::u16string_view 
     native::click(window, native::middleOf(window));
     ::PostMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
     courier_.send([this, &control, form, wanted = std::u16string(entry)] {
-        chooseFromOpenMenu(control, form, wanted);
+        chooseFromOpenMenu(control.contextMenu(), form, wanted);
     });
     native::pump();
 }
 
-void NativeBackend::chooseFromOpenMenu(ui::Control& control, HWND form, const std::u16string& entry) {
+void NativeBackend::chooseFromOpenMenu(const ui::MenuItem& menu, HWND form, const std::u16string& entry) {
     if (!native::isMenuOpen())
         return;
     const auto key = [form](WPARAM code) {
@@ -257,7 +296,7 @@ void NativeBackend::chooseFromOpenMenu(ui::Control& control, HWND form, const st
         ::PostMessageW(form, WM_KEYUP, code, 1 | 3LL << 30);
     };
     bool found = false;
-    for (const auto& item : control.contextMenu().items()) {
+    for (const auto& item : menu.items()) {
         if (!item->isVisible() || item->isSeparator())
             continue;
         key(VK_DOWN);
@@ -266,7 +305,7 @@ void NativeBackend::chooseFromOpenMenu(ui::Control& control, HWND form, const st
             break;
     }
     key(found ? VK_RETURN : VK_ESCAPE);
-    if (!found)
+    if (!found && !entry.empty())
         throw std::runtime_error("the context menu has no such usable entry");
 }
 

@@ -117,6 +117,14 @@ void Gallery::addChoices() {
     grayed = &form->add<ui::CheckBox>(u"Grayed");
     grayed->setText(u"Undecided");
     grayed->setValue(ui::CheckValue::Grayed);
+    kind = &form->add<ui::ComboBox>(u"Kind");
+    kind->setItems({u"Depends on", u"Recommends", u"Conflicts with"});
+    kind->setListIndex(0);
+    edited = &form->add<ui::ComboBox>(u"Edited", ui::ComboStyle::Editable);
+    edited->setItems({u"1.0", u"2.0"});
+    edited->setText(u"1.5");
+    progress = &form->add<ui::ProgressBar>(u"Progress");
+    progress->setValue(60);
 }
 
 void Gallery::layOut() {
@@ -136,6 +144,9 @@ void Gallery::layOut() {
     }
     check->setBounds({1500_tw, gap + 630_tw, 1800_tw, 300_tw});
     grayed->setBounds({1500_tw, gap + 930_tw, 1800_tw, 300_tw});
+    kind->setBounds({half - 1800_tw, gap - 60_tw, 1800_tw, 330_tw});
+    edited->setBounds({half - 840_tw, gap + 660_tw, 840_tw, 315_tw});
+    progress->setBounds({half - 840_tw, gap + 1020_tw, 840_tw, 240_tw});
     list->setBounds({gap, top, half - gap, bottom - top});
     splitter->setBounds({half, top, gap, bottom - top});
     side->setBounds({half + gap, top, size.width - half - gap * 2, bottom - top});

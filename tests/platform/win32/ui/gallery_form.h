@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/form.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
+#include "platform/ui/progress_bar.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::win32::testing {
@@ -44,6 +46,9 @@ struct Gallery {
     std::vector<ui::Button*> glyphs;
     ui::CheckBox* check = nullptr;
     ui::CheckBox* grayed = nullptr;
+    ui::ComboBox* kind = nullptr;
+    ui::ComboBox* edited = nullptr;
+    ui::ProgressBar* progress = nullptr;
     ui::Button* ok = nullptr;
     ui::Button* cancel = nullptr;
     ui::StatusBar* status = nullptr;
