@@ -2,6 +2,7 @@
 
 #include "dialogs/name_edit.h"
 #include "frame/uuid_generator.h"
+#include "matrix/matrix_browser.h"
 #include "sixpane/six_pane.h"
 
 namespace quorel::server {
@@ -15,6 +16,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<dialogs::NameEdit>(environment)); });
     environment.classes.add(u"QuorelUtility.SixPane",
                             [environment] { return Object(make<sixpane::SixPane>(environment)); });
+    environment.classes.add(u"QuorelUtility.MatrixBrowser",
+                            [environment] { return Object(make<matrix::MatrixBrowser>(environment)); });
 }
 
 }  // namespace quorel::server
