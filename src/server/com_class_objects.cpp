@@ -8,7 +8,8 @@
 namespace quorel::server {
 
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
-    return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry)};
+    return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry),
+            matrixBrowserClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

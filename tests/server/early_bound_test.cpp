@@ -145,11 +145,44 @@ TEST_F(EarlyBound, LettingGoWithoutDestroyLeavesNothing) {
     EXPECT_EQ(dll.canUnloadNow(), S_OK);
 }
 
+TEST_F(EarlyBound, NavigatesByMatrix) {
+    const auto browser = dll.create<IMatrixBrowser>(__uuidof(::MatrixBrowser));
+    ASSERT_TRUE(browser);
+    Bstr name = makeBstr(u"Book");
+    BSTR variable = name.get();
+    EXPECT_EQ(browser->Navigate(), kNotSet);
+    EXPECT_EQ(browser->SelectSourceMetaNode(&variable), kNotSet);
+    EXPECT_EQ(browser->putref_RepositoryManager(nullptr), kNotSet);
+    ASSERT_EQ(browser->Create(makeBstr(u"Navigator").get(), nullptr), S_OK);
+    EXPECT_EQ(browser->put_RepositoryFileName(makeBstr(u"garden.quorel").get()), S_OK);
+    Bstr text;
+    EXPECT_EQ(browser->get_RepositoryFileName(text.out()), S_OK);
+    EXPECT_EQ(viewOf(text.get()), u"garden.quorel");
+    IDispatch* object = browser.as<IDispatch>().get();
+    EXPECT_EQ(browser->GetTargetInstance(&object), S_OK);
+    EXPECT_EQ(object, nullptr);
+    object = browser.as<IDispatch>().get();
+    EXPECT_EQ(browser->GetTargetMetaNode(&object), S_OK);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(browser->GetRepository(&object), S_OK);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(browser->SelectTargetInstance(&variable), S_OK);
+    EXPECT_EQ(variable, name.get());
+    EXPECT_EQ(browser->Navigate(), S_OK);
+    Variant result;
+    EXPECT_EQ(browser->Init(result.out()), S_OK);
+    EXPECT_EQ(V_VT(result.get()), VT_EMPTY);
+    EXPECT_EQ(browser->PopUp(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(browser->Conceal(), S_OK);
+    EXPECT_EQ(browser->Destroy(), S_OK);
+    EXPECT_EQ(browser->Destroy(), S_OK);
+}
+
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
     for (const GUID& clsid :
          {__uuidof(::Settings), __uuidof(::Options), __uuidof(::ProgressBar), __uuidof(::SelectItem),
           __uuidof(::Explorer), __uuidof(::HTExplorer), __uuidof(::Blob), __uuidof(::PropertyEditor),
-          __uuidof(::Progress), __uuidof(::MatrixBrowser), __uuidof(::DirectoryChooser)}) {
+          __uuidof(::Progress), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
     }

@@ -16,7 +16,7 @@ using automation::Object;
 using win32::ComPtr;
 
 const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator", u"QuorelUtility.NameEdit",
-                                          u"QuorelUtility.SixPane"};
+                                          u"QuorelUtility.MatrixBrowser", u"QuorelUtility.SixPane"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
