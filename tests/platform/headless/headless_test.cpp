@@ -5,7 +5,10 @@
 #include "platform/automation/error.h"
 #include "platform/headless/dump.h"
 #include "platform/headless/user.h"
+#include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/form.h"
+#include "platform/ui/progress_bar.h"
 
 namespace quorel::headless {
 
@@ -185,6 +188,55 @@ TEST_F(HeadlessTest, TheDumpIsStable) {
               "  StatusBar Bar \"\" [0,0 0x0] [\"ready\"]\n"
               "  MenuItem mnuFile \"&File\"\n"
               "    ---\n");
+}
+
+TEST_F(HeadlessTest, TheDumpTellsWhatIsTickedChosenAndDone) {
+    form->add<ui::CheckBox>(u"Ticked").setChecked(true);
+    form->add<ui::CheckBox>(u"Grayed").setValue(ui::CheckValue::Grayed);
+    form->add<ui::CheckBox>(u"Plain");
+    auto& list = form->add<ui::ComboBox>(u"Kind");
+    list.setItems({u"a", u"b"});
+    list.setListIndex(1);
+    form->add<ui::ComboBox>(u"Name", ui::ComboStyle::Editable);
+    form->add<ui::ProgressBar>(u"Bar").setValue(7);
+    const std::string text = dump(*form);
+    for (const char* const line :
+         {"  CheckBox Ticked \"\" [0,0 0x0] checked\n", "  CheckBox Grayed \"\" [0,0 0x0] grayed\n",
+          "  CheckBox Plain \"\" [0,0 0x0]\n", "  ComboBox Kind \"b\" [0,0 0x0] items 2 chosen 1\n",
+          "  ComboBox Name \"\" [0,0 0x0] editable items 0\n",
+          "  ProgressBar Bar \"\" [0,0 0x0] 7 in 0..100\n"})
+        EXPECT_NE(text.find(line), std::string::npos) << line << text;
+}
+
+TEST_F(HeadlessTest, MenusThatPopUpAreExpectedToo) {
+    ui::MenuItem& copy = ok.contextMenu().add(u"mnuCopy", u"&Copy");
+    form->show(Modality::Modeless);
+    ok.popUpMenu(ok.contextMenu());
+    EXPECT_EQ(complaint(), "unexpected menu: nothing was expected");
+    desktop.expectMenu(u"mnuNone");
+    ok.popUpMenu(ok.contextMenu());
+    EXPECT_EQ(complaint(), "the menu has no usable entry 'mnuNone'");
+    copy.setEnabled(false);
+    desktop.expectMenu(u"mnuCopy");
+    ok.popUpMenu(ok.contextMenu());
+    EXPECT_EQ(complaint(), "the menu has no usable entry 'mnuCopy'");
+    desktop.expectMenu(u"");
+    EXPECT_EQ(complaint(), "never came: a menu to choose '' from");
+}
+
+TEST_F(HeadlessTest, TheUserCannotTypeIntoAListNorChooseWhatItLacks) {
+    auto& list = form->add<ui::ComboBox>(u"Kind");
+    list.setItems({u"Alpha", u"beta", u"Apple"});
+    form->show(Modality::Modeless);
+    EXPECT_EQ(refusal([&] { user.choose(list, 3); }), "'Kind' has no item 3");
+    EXPECT_EQ(refusal([&] { user.enterText(list, u"x"); }), "'Kind' is only a list");
+    list.focus();
+    user.type(*form, u"a");
+    EXPECT_EQ(list.listIndex(), 0U);
+    user.type(*form, u"a");
+    EXPECT_EQ(list.listIndex(), 2U);
+    user.press(*form, {ui::Key::Home});
+    EXPECT_EQ(list.listIndex(), 0U);
 }
 
 }  // namespace quorel::headless

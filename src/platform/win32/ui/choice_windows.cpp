@@ -59,15 +59,21 @@ void ComboWindow::mirrorText() {
         setNativeText(wanted);
 }
 
-/// The closed box is as high as its line and a frame that only the system knows.
+/// The closed box is as high as its line and a frame that only the system knows, and that it may change with
+/// the line.
 void ComboWindow::matchHeight() {
+    constexpr int kAttempts = 3;
     const ui::PixelRect wanted = NativeWindow::place();
-    RECT outer{};
-    ::GetWindowRect(handle(), &outer);
-    const auto line = static_cast<LONG>(send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-    const LONG height = line + (wanted.bottom - wanted.top) - (outer.bottom - outer.top);
-    if (height > 0 && height != line)
-        send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+    auto line = static_cast<LONG>(send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        RECT outer{};
+        ::GetWindowRect(handle(), &outer);
+        const LONG missing = (wanted.bottom - wanted.top) - (outer.bottom - outer.top);
+        if (missing == 0 || line + missing <= 0)
+            return;
+        line += missing;
+        send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), line);
+    }
 }
 
 void ComboWindow::rescaled() {

@@ -132,7 +132,7 @@ void Gallery::layOut() {
     const Twips gap = 120_tw, line = 330_tw, bar = 330_tw, foot = 540_tw, top = 1500_tw;
     const Twips half = split;
     const Twips bottom = size.height - bar - foot;
-    label->setBounds({gap, gap, 3000_tw, 255_tw});
+    label->setBounds({gap, gap, 2160_tw, 255_tw});
     box->setBounds({gap, gap + 270_tw, half - gap, line});
     notes->setBounds({half + gap, gap, size.width - half - gap * 2, top - gap * 2});
     picture->setBounds({gap, gap + 660_tw, 600_tw, 600_tw});
