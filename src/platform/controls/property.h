@@ -60,6 +60,8 @@ class Property : public ui::Panel, private ui::RowSource {
     void setPath(std::u16string_view path) { path_ = path; }
     [[nodiscard]] const automation::Object& metaObject() const noexcept { return model_.metaObject(); }
     void setMetaObject(automation::Object metaObject) { model_.setMetaObject(std::move(metaObject)); }
+    /// A row for a member of the object itself, such as its `name`, before its properties; before `build`.
+    void addMember(PropertyMember::Texts member) { model_.addMember(std::move(member)); }
     /// Makes the rows; edits are forgotten. Error 91 without a meta object.
     void build();
     /// Drops rows, object, meta object and edits.

@@ -23,7 +23,11 @@ class PropertyAccess {
         if (writes_)
             object_.call(set_, name, value);
         else
-            object_.put(name, value);
+            writeMember(name, value);
+    }
+    [[nodiscard]] automation::Value readMember(const std::u16string& name) const { return object_.get(name); }
+    void writeMember(const std::u16string& name, const automation::Value& value) const {
+        object_.put(name, value);
     }
 
   private:

@@ -103,7 +103,7 @@ void PropertyItem::load() {
     if (original_ || !access_)
         return;
     const std::shared_ptr<const PropertyAccess> asked = access_;
-    Value value = asked->read(name());
+    Value value = source_ == Source::Member ? asked->readMember(name()) : asked->read(name());
     if (access_ == asked && !original_)
         original_ = std::move(value);
 }
@@ -152,7 +152,10 @@ void PropertyItem::write() {
     const std::shared_ptr<const PropertyAccess> asked = access_;
     const Value value = *edited_;
     try {
-        asked->write(name(), value);
+        if (source_ == Source::Member)
+            asked->writeMember(name(), value);
+        else
+            asked->write(name(), value);
     } catch (...) {
         const automation::Error error = automation::currentError();
         if (access_ == asked)

@@ -35,8 +35,12 @@ class PropertyObserver {
 /// still tells what it knows, and holds nothing of the repository.
 class PropertyItem final : public automation::NativeObject {
   public:
-    explicit PropertyItem(automation::Object definition, PropertyObserver* observer = nullptr)
-        : definition_(std::move(definition)), observer_(observer) {}
+    /// A value is a property of the object, or one of its members.
+    enum class Source : bool { Property, Member };
+
+    explicit PropertyItem(automation::Object definition, PropertyObserver* observer = nullptr,
+                          Source source = Source::Property)
+        : definition_(std::move(definition)), observer_(observer), source_(source) {}
     [[nodiscard]] const automation::ClassTable& classTable() const override;
 
     // What the definition says. Members that it need not have (`Description`, `Category`, `Values`,
@@ -96,6 +100,7 @@ class PropertyItem final : public automation::NativeObject {
 
     automation::Object definition_;
     PropertyObserver* observer_;
+    Source source_;
     std::shared_ptr<const PropertyAccess> access_;
     std::optional<std::u16string> name_, dataType_, category_, description_;
     std::optional<std::vector<std::u16string>> choices_;

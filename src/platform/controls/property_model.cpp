@@ -64,6 +64,9 @@ void PropertyModel::build() {
     std::vector<Item> built;
     PropertyObserver* const observer = this;
     bool categories = false;
+    for (const PropertyMember::Texts& member : members_)
+        built.push_back(automation::make<PropertyItem>(automation::make<PropertyMember>(member), observer,
+                                                       PropertyItem::Source::Member));
     const Object properties = metaObject_.get(u"Properties").toObject();
     for (const Object& definition : automation::each(properties)) {
         if (!definition)
@@ -87,6 +90,7 @@ void PropertyModel::build() {
 
 void PropertyModel::release() {
     dropItems();
+    members_.clear();
     const auto access = std::exchange(access_, nullptr);
     const Object metaObject = std::exchange(metaObject_, Object());
     onShownChanged.raise();

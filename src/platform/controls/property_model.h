@@ -8,6 +8,7 @@
 
 #include "platform/automation/native_object.h"
 #include "platform/controls/property_item.h"
+#include "platform/controls/property_member.h"
 #include "platform/ui/event.h"
 
 namespace quorel::controls {
@@ -69,9 +70,11 @@ class PropertyModel final : private PropertyObserver {
     void setReadOnly(bool readOnly) noexcept { readOnly_ = readOnly; }
     [[nodiscard]] bool isReadOnly() const noexcept { return readOnly_; }
 
-    /// One row for each property of the meta object. Error 91 without one.
+    /// A row for that member of the object, before the properties, from the next `build` on.
+    void addMember(PropertyMember::Texts member) { members_.push_back(std::move(member)); }
+    /// One row for each member that was added and each property of the meta object. Error 91 without one.
     void build();
-    /// Drops rows, object and meta object.
+    /// Drops rows, object, meta object and the members that were added.
     void release();
 
     [[nodiscard]] const std::vector<Item>& items() const noexcept { return items_; }
@@ -115,6 +118,7 @@ class PropertyModel final : private PropertyObserver {
     Outcome settle(const Item& item, const automation::Value& former);
 
     automation::Object metaObject_;
+    std::vector<PropertyMember::Texts> members_;
     std::shared_ptr<const PropertyAccess> access_;
     std::vector<Item> items_;
     std::uint64_t generation_ = 0;
