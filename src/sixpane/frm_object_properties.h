@@ -8,7 +8,7 @@
 
 namespace quorel::sixpane {
 
-/// A modal window with an object's properties, to read and to copy.
+/// A modal window with what there is to know of a type, to read and to copy.
 class frmObjectProperties final : public ui::Form, private ui::RowSource {
   public:
     explicit frmObjectProperties(ui::Desktop& desktop);

@@ -68,6 +68,7 @@ class frmSixPane final : public ui::Form {
         bool closed = false;
         bool changed = false;
     };
+    /// A node's or link's values are edited; a type is only told of.
     DisplayResult DisplayObject(const automation::Object& object, ObjectKind kind);
 
   private:
@@ -125,6 +126,8 @@ class frmSixPane final : public ui::Form {
     /// True if the meta node is the one selected in a type pane.
     [[nodiscard]] bool isSelected(Pane metaNodes, const automation::Object& metaNode);
     void displayNode(Pane nodes, Pane metaNodes, void (frmSixPane::*metaNodeClick)());
+    [[nodiscard]] DisplayResult displayType(const automation::Object& type, ObjectKind kind);
+    [[nodiscard]] DisplayResult displayInstance(const automation::Object& object);
     void showInstance(const automation::Object& object, const automation::Object& type);
     void showType(const automation::Object& type);
     void openNamedRepository();

@@ -1,5 +1,7 @@
+#include "dialogs/node_edit.h"
 #include "platform/automation/calls.h"
 #include "platform/automation/text.h"
+#include "platform/controls/cell_text.h"
 #include "sixpane/frm_object_properties.h"
 #include "sixpane/frm_six_pane.h"
 
@@ -137,14 +139,34 @@ void frmSixPane::Link_DblClick() {
 frmSixPane::DisplayResult frmSixPane::DisplayObject(const Object& displayed, ObjectKind kind) {
     return procedure(u"DisplayObject", [&] {
         const Object object = displayed;
-        std::vector<ObjectRow> rows = readObjectRows(object, kind);
-        const auto window = std::make_shared<frmObjectProperties>(desktop());
-        dialog_ = window;
-        window->PopUp(rows);
-        if (!isLoaded())
-            return DisplayResult{};
-        return DisplayResult{true, readObjectRows(object, kind) != rows};
+        const bool isType = kind == ObjectKind::MetaNode || kind == ObjectKind::MetaLink;
+        return isType ? displayType(object, kind) : displayInstance(object);
     });
+}
+
+frmSixPane::DisplayResult frmSixPane::displayType(const Object& type, ObjectKind kind) {
+    const std::vector<ObjectRow> rows = readTypeRows(type, kind);
+    const auto window = std::make_shared<frmObjectProperties>(desktop());
+    dialog_ = window;
+    window->PopUp(rows);
+    return {isLoaded(), false};
+}
+
+frmSixPane::DisplayResult frmSixPane::displayInstance(const Object& object) {
+    const auto window = std::make_shared<dialogs::NodeEdit>(environment_);
+    window->load();
+    controls::Property& grid = window->Property1();
+    grid.initialise();
+    grid.setPath(Path);
+    grid.addMember({u"name", u"String", u"The name that lists show.", false});
+    grid.addMember({u"Identifier", u"String", u"What tells it from all others.", true});
+    grid.setMetaObject(object.get(u"Parent").toObject());
+    grid.build();
+    window->SetNode(object);
+    window->setText(controls::valueText(object.get(u"name")) + u" - Properties");
+    dialog_ = window;
+    window->show(ui::Modality::Modal);
+    return {isLoaded(), window->propChanged()};
 }
 
 void frmSixPane::SetSelection(const Object& selection) {

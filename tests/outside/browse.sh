@@ -82,10 +82,10 @@ selected_at_start() {
     expect "SetSelection selects the node" selected_in SourceNode "$first"
     expect "SourceNode takes a click" click_on frmSixPane SourceNode "$first"
     xdotool click --repeat 2 --delay 60 1
-    expect "a double-click shows the properties" spy frmObjectProperties wait 1
+    expect "a double-click shows the properties" spy NodeEdit wait 1
     picture_of properties
     xdotool key Escape
-    expect "Esc closes them" spy frmObjectProperties gone 1
+    expect "Esc closes them" spy NodeEdit gone 1
     xdotool key alt+F4
     expect "the host ends without an error" host_ends_well 0
 }
