@@ -9,7 +9,7 @@ namespace quorel::server {
 
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
     return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry),
-            matrixBrowserClass(registry)};
+            matrixBrowserClass(registry), propertyEditorClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

@@ -6,6 +6,7 @@
 #include "platform/win32/ui/registry_settings_store.h"
 #include "platform/win32/ui/windows_clock.h"
 #include "platform/win32/ui/windows_desktop.h"
+#include "platform/win32/ui/windows_file_dialogs.h"
 
 namespace quorel::server {
 
@@ -22,6 +23,7 @@ class Library {
     win32::WindowsDesktop desktop_;
     win32::RegistrySettingsStore settings_;
     win32::WindowsClock clock_;
+    win32::WindowsFileDialogs fileDialogs_;
     automation::ClassRegistry classes_;
     frame::Environment environment_;
     win32::ComModule module_;

@@ -1,6 +1,7 @@
 #include "server/public_classes.h"
 
 #include "dialogs/name_edit.h"
+#include "dialogs/property_editor.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
 #include "sixpane/six_pane.h"
@@ -14,6 +15,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<frame::UUIDGenerator>(environment.clock)); });
     environment.classes.add(u"QuorelUtility.NameEdit",
                             [environment] { return Object(make<dialogs::NameEdit>(environment)); });
+    environment.classes.add(u"QuorelUtility.PropertyEditor",
+                            [environment] { return Object(make<dialogs::PropertyEditor>(environment)); });
     environment.classes.add(u"QuorelUtility.SixPane",
                             [environment] { return Object(make<sixpane::SixPane>(environment)); });
     environment.classes.add(u"QuorelUtility.MatrixBrowser",

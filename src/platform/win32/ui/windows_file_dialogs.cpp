@@ -1,0 +1,99 @@
+#include "platform/win32/ui/windows_file_dialogs.h"
+
+#include "platform/win32/ui/system_headers.h"
+// The shell's headers are complete only behind the system's.
+#include <shlobj.h>
+
+#include <array>
+#include <memory>
+#include <type_traits>
+
+#include "platform/win32/system_error.h"
+#include "platform/win32/text.h"
+#include "platform/win32/ui/modal_lock.h"
+#include "platform/win32/ui/native_text.h"
+#include "platform/win32/ui/services.h"
+
+namespace quorel::win32 {
+
+namespace {
+
+constexpr std::size_t kLongestPath = 32'768;
+constexpr std::size_t kMostUnits = 260;
+
+struct FreeTaskMemory {
+    void operator()(void* memory) const noexcept { ::CoTaskMemFree(memory); }
+};
+using ItemList = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTaskMemory>;
+
+/// A proposed name must be one; a path is proposed by its last part.
+[[nodiscard]] std::u16string proposal(const std::u16string& fileName) {
+    const std::size_t slash = fileName.find_last_of(u"/\\");
+    return shownLine(slash == std::u16string::npos ? fileName : fileName.substr(slash + 1), kMostUnits);
+}
+
+using ShowDialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
+
+[[nodiscard]] std::optional<std::u16string> askForFile(WindowsDesktop& desktop,
+                                                       const shell::FileDialogs::Request& request,
+                                                       DWORD flags, ShowDialog show) {
+    const auto services = desktop.services();
+    const NativeScope scope(services->controls);
+    const std::u16string title = shownLine(request.title, kMostUnits);
+    std::u16string file = proposal(request.fileName);
+    file.resize(kLongestPath, u'\0');
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof(dialog);
+    dialog.hwndOwner = ::GetActiveWindow();
+    dialog.lpstrFilter = L"All files (*.*)\0*.*\0";
+    dialog.lpstrFile = wideBuffer(file);
+    dialog.nMaxFile = static_cast<DWORD>(file.size());
+    dialog.lpstrInitialDir = request.folder.empty() ? nullptr : wide(request.folder);
+    dialog.lpstrTitle = title.empty() ? nullptr : wide(title);
+    // The host's current folder is the host's.
+    dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | flags;
+    const ModalLock lock(dialog.hwndOwner);
+    if (show(&dialog) != FALSE)
+        return std::u16string(narrowView(dialog.lpstrFile));
+    if (const DWORD failure = ::CommDlgExtendedError())
+        throw errorFromStatus(static_cast<HRESULT>(0x80070000U | (failure & 0xFFFFU)), u"File dialog");
+    return std::nullopt;
+}
+
+int CALLBACK selectFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
+    if (message == BFFM_INITIALIZED && folder != 0)
+        ::SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
+    return 0;
+}
+
+}  // namespace
+
+std::optional<std::u16string> WindowsFileDialogs::openFile(const Request& request) {
+    return askForFile(desktop_, request, OFN_FILEMUSTEXIST, &::GetOpenFileNameW);
+}
+
+std::optional<std::u16string> WindowsFileDialogs::saveFile(const Request& request) {
+    return askForFile(desktop_, request, OFN_OVERWRITEPROMPT, &::GetSaveFileNameW);
+}
+
+std::optional<std::u16string> WindowsFileDialogs::chooseFolder(const Request& request) {
+    const auto services = desktop_.services();
+    const NativeScope scope(services->controls);
+    const std::u16string title = shownLine(request.title, kMostUnits);
+    BROWSEINFOW dialog{};
+    dialog.hwndOwner = ::GetActiveWindow();
+    dialog.lpszTitle = title.empty() ? nullptr : wide(title);
+    dialog.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
+    if (!request.folder.empty()) {
+        dialog.lpfn = &selectFolder;
+        dialog.lParam = reinterpret_cast<LPARAM>(wide(request.folder));
+    }
+    const ModalLock lock(dialog.hwndOwner);
+    const ItemList chosen(::SHBrowseForFolderW(&dialog));
+    std::array<wchar_t, MAX_PATH> path{};
+    if (!chosen || ::SHGetPathFromIDListW(chosen.get(), path.data()) == FALSE)
+        return std::nullopt;
+    return std::u16string(narrowView(path.data()));
+}
+
+}  // namespace quorel::win32
