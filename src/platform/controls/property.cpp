@@ -7,6 +7,7 @@
 #include "platform/controls/cell_text.h"
 #include "platform/controls/property_layout.h"
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/form.h"
 #include "platform/ui/plain_controls.h"
 
@@ -22,8 +23,20 @@ constexpr Twips kScrollBarRoom = 330_tw;
 constexpr Twips kLeastColumn = 600_tw;
 constexpr ui::Colour kRefusedText{176, 0, 0};
 constexpr ui::Colour kLockedText{96, 96, 96};
+/// Of a sum of ten parts of 255 each.
+constexpr int kBright = 1275;
 constexpr std::u16string_view kUnfoldedMark = u"\u25BE ";
 constexpr std::u16string_view kFoldedMark = u"\u25B8 ";
+
+/// "#RRGGBB"; system colours are shown as text only.
+[[nodiscard]] std::optional<ui::Colour> shownColour(std::u16string_view text) {
+    const ParsedValue parsed = parseValue({EditorKind::Colour, {}, {}}, text);
+    const std::int32_t* const bits = parsed.value ? parsed.value->getIf<std::int32_t>() : nullptr;
+    if (bits == nullptr || *bits < 0)
+        return std::nullopt;
+    return ui::Colour{static_cast<std::uint8_t>(*bits & 0xFF), static_cast<std::uint8_t>(*bits >> 8 & 0xFF),
+                      static_cast<std::uint8_t>(*bits >> 16 & 0xFF)};
+}
 
 [[nodiscard]] std::u16string suffixed(std::u16string_view name, std::u16string_view suffix) {
     std::u16string text(name);
@@ -41,6 +54,7 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
       textBox_(&add<ui::TextBox>(suffixed(name, u".Text"))),
       linesBox_(&add<ui::TextBox>(suffixed(name, u".Lines"))),
       checkBox_(&add<ui::CheckBox>(suffixed(name, u".Check"))),
+      choiceBox_(&add<ui::ComboBox>(suffixed(name, u".Choice"))),
       browseButton_(&add<ui::Button>(suffixed(name, u".Browse"))),
       message_(&add<ui::Label>(suffixed(name, u".Message"))),
       list_(&add<ui::VirtualList>(name)),
@@ -52,18 +66,20 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
     message_->setBackground(ui::Colour{255, 228, 225});
     for (ui::Control* const editor :
          {static_cast<ui::Control*>(textBox_), static_cast<ui::Control*>(linesBox_),
-          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(browseButton_),
-          static_cast<ui::Control*>(message_)}) {
+          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(choiceBox_),
+          static_cast<ui::Control*>(browseButton_), static_cast<ui::Control*>(message_)}) {
         editor->setVisible(false);
         editor->setRaised(true);
     }
     for (ui::TextBox* const box : {textBox_, linesBox_})
         box->onChange.connect([this, box] { typed(box->text()); });
     checkBox_->onClick.connect([this] { typed(checkBox_->isChecked() ? u"True" : u"False"); });
+    choiceBox_->onClick.connect([this] { typed(choiceBox_->text()); });
     browseButton_->onClick.connect([this] { browse(); });
     for (ui::Control* const editor :
          {static_cast<ui::Control*>(textBox_), static_cast<ui::Control*>(linesBox_),
-          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(browseButton_)}) {
+          static_cast<ui::Control*>(checkBox_), static_cast<ui::Control*>(choiceBox_),
+          static_cast<ui::Control*>(browseButton_)}) {
         editor->onKeyDown.connect([this](ui::KeyEvent& event) { keyInEditor(event); });
         editor->onLostFocus.connect([this] { editorLost(); });
     }
@@ -246,6 +262,18 @@ bool Property::isLocked(PropertyItem& item) const {
     }
 }
 
+/// A colour is shown as itself, its text in black or white.
+void Property::showColour(PropertyItem& item, ui::CellLook& look) {
+    if (!item.isLoaded() || item.refusedText() || item.kind() != EditorKind::Colour)
+        return;
+    const std::optional<ui::Colour> colour = shownColour(item.text());
+    if (!colour)
+        return;
+    look.background = colour;
+    const int brightness = colour->red * 3 + colour->green * 6 + colour->blue;
+    look.text = brightness > kBright ? ui::Colour{0, 0, 0} : ui::Colour{255, 255, 255};
+}
+
 ui::CellLook Property::cellLook(std::size_t line, std::size_t column) {
     if (line >= lines_.size() || !lines_[line].item)
         return {};
@@ -256,6 +284,8 @@ ui::CellLook Property::cellLook(std::size_t line, std::size_t column) {
         look.text = kRefusedText;
     else if (column != 0 && isLocked(*item))
         look.text = kLockedText;
+    if (column != 0)
+        showColour(*item, look);
     return look;
 }
 

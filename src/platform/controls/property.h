@@ -19,6 +19,7 @@
 namespace quorel::ui {
 class Button;
 class CheckBox;
+class ComboBox;
 class Label;
 class TextBox;
 }  // namespace quorel::ui
@@ -127,6 +128,7 @@ class Property : public ui::Panel, private ui::RowSource {
     [[nodiscard]] bool isGroup(std::size_t line) override;
     void boundsChanged() override;
     [[nodiscard]] bool isLocked(PropertyItem& item) const;
+    static void showColour(PropertyItem& item, ui::CellLook& look);
     [[nodiscard]] std::u16string headingText(const std::u16string& category) const;
     [[nodiscard]] std::u16string nameText(PropertyItem& item);
     [[nodiscard]] std::u16string valueOf(PropertyItem& item);
@@ -145,7 +147,8 @@ class Property : public ui::Panel, private ui::RowSource {
     void placeEditor();
     void clickedCell(ui::CellIndex cell);
     void closeEditor();
-    [[nodiscard]] ui::Control& boxFor(EditorKind kind, std::u16string_view text);
+    [[nodiscard]] ui::Control& boxFor(PropertyItem& item, EditorKind kind, std::u16string_view text);
+    void fillBox(PropertyItem& item, const Editing& editing);
     PropertyModel::Outcome commit();
     void typed(const std::u16string& text);
     void showProblem();
@@ -180,6 +183,7 @@ class Property : public ui::Panel, private ui::RowSource {
     ui::TextBox* textBox_;
     ui::TextBox* linesBox_;
     ui::CheckBox* checkBox_;
+    ui::ComboBox* choiceBox_;
     ui::Button* browseButton_;
     ui::Label* message_;
     ui::VirtualList* list_;

@@ -6,6 +6,7 @@
 #include "platform/controls/property.h"
 #include "platform/controls/property_layout.h"
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/form.h"
 #include "platform/ui/plain_controls.h"
 
@@ -30,9 +31,11 @@ bool Property::hasButton(EditorKind kind) const noexcept {
            (kind == EditorKind::File || kind == EditorKind::Directory || kind == EditorKind::Binary);
 }
 
-ui::Control& Property::boxFor(EditorKind kind, std::u16string_view text) {
+ui::Control& Property::boxFor(PropertyItem& item, EditorKind kind, std::u16string_view text) {
     if (kind == EditorKind::Boolean)
         return *checkBox_;
+    if (kind == EditorKind::Enumeration && !item.choices().empty())
+        return *choiceBox_;
     if (kind == EditorKind::MultiLine || (kind == EditorKind::Text && hasLines(text)))
         return *linesBox_;
     return *textBox_;
@@ -69,23 +72,30 @@ void Property::clickedCell(ui::CellIndex cell) {
         beginEdit(cell.row);
 }
 
+void Property::fillBox(PropertyItem& item, const Editing& editing) {
+    const std::u16string& text = editing.begunWith;
+    if (editing.box == checkBox_) {
+        const ui::CheckValue value = text == u"True" ? ui::CheckValue::Checked : ui::CheckValue::Unchecked;
+        checkBox_->setValue(isUnset(item.value()) ? ui::CheckValue::Grayed : value);
+        checkBox_->setText(text);
+    } else if (editing.box == choiceBox_) {
+        choiceBox_->setItems(item.choices());
+        choiceBox_->setText(text);
+    } else {
+        auto& box = static_cast<ui::TextBox&>(*editing.box);
+        textBox_->setReadOnly(editing.kind == EditorKind::Binary);
+        box.setText(&box == linesBox_ ? withWindowsLines(text) : text);
+        box.selectAll();
+    }
+}
+
 void Property::openEditor(const Item& item, EditorKind kind) {
     const std::u16string text = item->text();
-    ui::Control& box = boxFor(kind, text);
+    ui::Control& box = boxFor(*item, kind, text);
     const auto handle =
         automation::make<PropertyEditorHandle>(box, [this](const std::u16string& given) { typed(given); });
     editing_ = Editing{item, kind, &box, handle, text};
-    textBox_->setReadOnly(kind == EditorKind::Binary);
-    if (&box == checkBox_) {
-        const bool unset = isUnset(item->value());
-        checkBox_->setValue(unset             ? ui::CheckValue::Grayed
-                            : text == u"True" ? ui::CheckValue::Checked
-                                              : ui::CheckValue::Unchecked);
-        checkBox_->setText(text);
-    } else {
-        box.setText(&box == linesBox_ ? withWindowsLines(text) : text);
-        static_cast<ui::TextBox&>(box).selectAll();
-    }
+    fillBox(*item, *editing_);
     box.setEnabled(true);
     box.setToolTip(u"");
     if (const auto line = lines_.lineOf(item))

@@ -203,6 +203,36 @@ TEST_F(PropertyTest, BooleansAreTickedOrTurnedOver) {
     EXPECT_EQ(cell(3), u"True") << "what is unset becomes true first";
 }
 
+TEST_F(PropertyTest, EnumerationsAreChosenFromTheirValues) {
+    type->add({.name = u"Genre",
+               .datatype = u"Enumeration",
+               .values = automation::Array{{u"Novel", u"Play", u"Poem"}, 0}});
+    node->values[u"Genre"] = u"Play";
+    open();
+    edit(0);
+    auto& choice = headless::get<ui::ComboBox>(*form, u"Property1.Choice");
+    EXPECT_TRUE(choice.hasFocus());
+    EXPECT_EQ(choice.text(), u"Play");
+    EXPECT_EQ(choice.items().size(), 3U);
+    world.user.choose(choice, 2);
+    EXPECT_EQ(cell(0), u"Play") << "not taken yet";
+    press(Key::Enter);
+    EXPECT_EQ(cell(0), u"Poem");
+    edit(0);
+    world.user.choose(choice, 0);
+    press(Key::Escape);
+    EXPECT_EQ(cell(0), u"Poem");
+    grid->apply();
+    EXPECT_EQ(node->values[u"Genre"].toString(), u"Poem");
+}
+
+TEST_F(PropertyTest, EnumerationWithoutValuesIsText) {
+    add(u"Genre", u"Enumeration", u"any");
+    open();
+    enter(0, u"other");
+    EXPECT_EQ(cell(0), u"other");
+}
+
 TEST_F(PropertyTest, TextWithLinesIsEditedInLines) {
     add(u"Memo", u"MultiLine", u"one");
     add(u"Text", u"String", u"a\nb");

@@ -12,6 +12,7 @@
 #include "platform/controls/property.h"
 #include "platform/headless/user.h"
 #include "platform/ui/check_box.h"
+#include "platform/ui/combo_box.h"
 #include "platform/ui/form.h"
 #include "platform/ui/plain_controls.h"
 #include "tests/platform/controls/property_double.h"

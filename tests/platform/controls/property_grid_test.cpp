@@ -94,6 +94,21 @@ TEST_F(PropertyTest, LooksTellChangedRefusedAndLockedValues) {
     EXPECT_FALSE(grid->list().isGroup(0));
 }
 
+TEST_F(PropertyTest, ColoursAreShownAsThemselves) {
+    add(u"Back", u"Colour", 0x0080FF);
+    add(u"Text", u"Colour", u"#000040");
+    add(u"System", u"Colour", static_cast<std::int32_t>(0x8000000F));
+    open();
+    static_cast<void>(look());
+    const auto looks = [this](std::size_t row) { return grid->list().cellLook({row, 1}); };
+    EXPECT_EQ(looks(0).background, (ui::Colour{255, 128, 0}));
+    EXPECT_EQ(looks(0).text, (ui::Colour{0, 0, 0}));
+    EXPECT_EQ(looks(1).background, (ui::Colour{0, 0, 64}));
+    EXPECT_EQ(looks(1).text, (ui::Colour{255, 255, 255}));
+    EXPECT_FALSE(looks(2).background);
+    EXPECT_FALSE(grid->list().cellLook({0, 0}).background);
+}
+
 TEST_F(PropertyTest, SearchLooksIntoNamesAndDescriptions) {
     type->add({.name = u"Zip", .category = u"Address"});
     type->add({.name = u"Age", .category = u"Person", .description = u"Years of the ZIPPER"});
