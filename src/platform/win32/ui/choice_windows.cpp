@@ -86,13 +86,6 @@ bool ComboWindow::isDropped() const noexcept {
     return ::SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
 }
 
-std::u16string ComboWindow::nativeText() const {
-    std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(handle())) + 1, u'\0');
-    const int length = ::GetWindowTextW(handle(), wideBuffer(text), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
 void ComboWindow::commanded(WORD code) {
     switch (code) {
         case CBN_SETFOCUS:

@@ -30,7 +30,6 @@ class ComboWindow : public NativeWindow {
     void reportChoice();
     void reportText();
     [[nodiscard]] bool isDropped() const noexcept;
-    [[nodiscard]] std::u16string nativeText() const;
     [[nodiscard]] ui::ComboBox& box() const noexcept { return static_cast<ui::ComboBox&>(*control()); }
 
     bool mirroring_ = false;

@@ -24,7 +24,6 @@ class TextWindow : public NativeWindow {
     void mirrorText() override;
     LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     [[nodiscard]] bool dropsKey(ui::KeyChord chord) const override;
-    [[nodiscard]] std::u16string nativeText() const;
     [[nodiscard]] ui::TextBox& box() const noexcept { return static_cast<ui::TextBox&>(*control()); }
 
     bool settingText_ = false;

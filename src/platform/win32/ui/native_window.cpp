@@ -170,6 +170,13 @@ void NativeWindow::mirrorVisible() {
     ::ShowWindow(handle_, control_->isVisible() ? SW_SHOWNA : SW_HIDE);
 }
 
+std::u16string NativeWindow::nativeText() const {
+    std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(handle_)) + 1, u'\0');
+    const int length = ::GetWindowTextW(handle_, wideBuffer(text), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
 void NativeWindow::setNativeText(const std::u16string& shown) {
     ::SetWindowTextW(handle_, wide(shown));
 }

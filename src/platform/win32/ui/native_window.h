@@ -99,6 +99,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] std::optional<ui::Colour> background() const;
     /// The focus has come to the window or into it.
     void focused();
+    [[nodiscard]] std::u16string nativeText() const;
     void setNativeText(const std::u16string& shown);
     /// The window has a tool tip that the control knows nothing of, to be forgotten with it.
     void toolTipSet() noexcept { hasToolTip_ = true; }

@@ -47,13 +47,6 @@ void TextWindow::mirrorText() {
         send(EM_SETSEL, 0, -1);
 }
 
-std::u16string TextWindow::nativeText() const {
-    std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(handle())) + 1, u'\0');
-    const int length = ::GetWindowTextW(handle(), wideBuffer(text), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
 void TextWindow::commanded(WORD code) {
     if (code == EN_CHANGE && !settingText_)
         box().userTyped(editedText(box().text(), nativeText()));
