@@ -13,8 +13,16 @@ using automation::Value;
 using namespace ui::literals;
 
 namespace {
+
 constexpr ui::Size kFirstSize{6600_tw, 6600_tw};
+
+/// What the callback made of a flag. Languages without arguments by reference return it instead.
+[[nodiscard]] bool flagOf(const Value& argument, const Value& returned) {
+    const bool* const result = returned.getIf<bool>();
+    return result != nullptr ? *result : argument.toBoolean();
 }
+
+}  // namespace
 
 frmPropertyEditor::frmPropertyEditor(const frame::Environment& environment)
     : Form(environment.desktop, u"frmPropertyEditor"),
@@ -115,8 +123,8 @@ void frmPropertyEditor::forwardEvents() {
     events.onCreatePropertyControl.connect([this](Object& property, bool& handled) {
         forward(u"CreatePropertyControl", [&](const Object& callback, std::u16string_view event) {
             Value first(property), flag(handled);
-            callback.call(event, byRef(first), byRef(flag));
-            const bool result = flag.toBoolean();
+            const Value returned = callback.call(event, byRef(first), byRef(flag));
+            const bool result = flagOf(flag, returned);
             property = first.toObject();
             handled = result;
         });
@@ -143,8 +151,9 @@ void frmPropertyEditor::forwardEvents() {
                                             std::u16string& newText, const Value& value, bool& cancel) {
         forward(u"PropertyChanged", [&](const Object& callback, std::u16string_view event) {
             Value first(property), before(oldText), after(newText), flag(cancel);
-            callback.call(event, byRef(first), byRef(before), byRef(after), value, byRef(flag));
-            const bool result = flag.toBoolean();
+            const Value returned =
+                callback.call(event, byRef(first), byRef(before), byRef(after), value, byRef(flag));
+            const bool result = flagOf(flag, returned);
             std::u16string formerText = before.toString();
             std::u16string laterText = after.toString();
             property = first.toObject();
@@ -157,8 +166,8 @@ void frmPropertyEditor::forwardEvents() {
         [this](Object& property, const Value& oldValue, const Value& newValue, bool& valid) {
             forward(u"PropertyValidate", [&](const Object& callback, std::u16string_view event) {
                 Value first(property), flag(valid);
-                callback.call(event, byRef(first), oldValue, newValue, byRef(flag));
-                const bool result = flag.toBoolean();
+                const Value returned = callback.call(event, byRef(first), oldValue, newValue, byRef(flag));
+                const bool result = flagOf(flag, returned);
                 property = first.toObject();
                 valid = result;
             });

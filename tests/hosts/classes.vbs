@@ -3,7 +3,7 @@ Option Explicit
 
 Dim name
 For Each name In Array("Settings", "Options", "ProgressBar", "SelectItem", "Explorer", "HTExplorer", "Blob", _
-                       "PropertyEditor", "Progress", "DirectoryChooser", "Nothing")
+                       "Progress", "DirectoryChooser", "Nothing")
     On Error Resume Next
     CreateObject "QuorelUtility." & name
     If Err.Number <> 429 Then
@@ -13,6 +13,6 @@ For Each name In Array("Settings", "Options", "ProgressBar", "SelectItem", "Expl
     Err.Clear
     On Error GoTo 0
 Next
-For Each name In Array("UUIDGenerator", "NameEdit", "MatrixBrowser", "SixPane")
+For Each name In Array("UUIDGenerator", "NameEdit", "MatrixBrowser", "PropertyEditor", "SixPane")
     CreateObject("QuorelUtility." & name).Destroy
 Next

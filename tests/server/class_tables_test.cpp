@@ -86,6 +86,7 @@ INSTANTIATE_TEST_SUITE_P(PublicClasses, ClassTables,
                          ::testing::Values(PublicClass{"UUIDGenerator", __uuidof(::IUUIDGenerator)},
                                            PublicClass{"NameEdit", __uuidof(::INameEdit)},
                                            PublicClass{"MatrixBrowser", __uuidof(::IMatrixBrowser)},
+                                           PublicClass{"PropertyEditor", __uuidof(::IPropertyEditor)},
                                            PublicClass{"SixPane", __uuidof(::ISixPane)}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 

@@ -178,11 +178,50 @@ TEST_F(EarlyBound, NavigatesByMatrix) {
     EXPECT_EQ(browser->Destroy(), S_OK);
 }
 
+TEST_F(EarlyBound, EditsProperties) {
+    const auto editor = dll.create<IPropertyEditor>(__uuidof(::PropertyEditor));
+    ASSERT_TRUE(editor);
+    VARIANT_BOOL flag = VARIANT_TRUE;
+    EXPECT_EQ(editor->get_OK(&flag), kNotSet);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    EXPECT_EQ(editor->PopUp(VARIANT_FALSE), kNotSet);
+    EXPECT_EQ(editor->Destroy(), S_OK);
+    Bstr path = makeBstr(u"C:\\Models");
+    BSTR variable = path.get();
+    ASSERT_EQ(editor->Create(&variable), S_OK);
+    EXPECT_EQ(variable, path.get());
+    EXPECT_EQ(editor->get_Cancelled(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_TRUE);
+    EXPECT_EQ(editor->get_OK(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    IDispatch* none = nullptr;
+    EXPECT_EQ(editor->Init(&none), kNotSet) << "there is no meta object";
+    EXPECT_EQ(editor->put_ReadOnly(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(editor->get_ReadOnly(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_TRUE);
+    Bstr caption;
+    EXPECT_EQ(editor->get_Caption(caption.out()), S_OK);
+    EXPECT_EQ(viewOf(caption.get()), u"Property Editor");
+    EXPECT_EQ(editor->put_Caption(makeBstr(u"Anna").get()), S_OK);
+    const ComPtr<IDispatch> self = editor.as<IDispatch>();
+    EXPECT_EQ(editor->putref_CallbackObject(self.get()), S_OK);
+    ComPtr<IDispatch> callback;
+    EXPECT_EQ(editor->get_CallbackObject(callback.out()), S_OK);
+    EXPECT_EQ(callback.get(), self.get());
+    EXPECT_EQ(editor->putref_CallbackObject(nullptr), S_OK);
+    ComPtr<IDispatch> object;
+    EXPECT_EQ(editor->get_repObject(object.out()), S_OK);
+    EXPECT_EQ(object.get(), nullptr);
+    EXPECT_EQ(editor->PopUp(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(editor->Conceal(), S_OK);
+    EXPECT_EQ(editor->Deinit(), S_OK);
+    EXPECT_EQ(editor->Destroy(), S_OK);
+}
+
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid :
-         {__uuidof(::Settings), __uuidof(::Options), __uuidof(::ProgressBar), __uuidof(::SelectItem),
-          __uuidof(::Explorer), __uuidof(::HTExplorer), __uuidof(::Blob), __uuidof(::PropertyEditor),
-          __uuidof(::Progress), __uuidof(::DirectoryChooser)}) {
+    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::ProgressBar),
+                              __uuidof(::SelectItem), __uuidof(::Explorer), __uuidof(::HTExplorer),
+                              __uuidof(::Blob), __uuidof(::Progress), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
     }
