@@ -8,11 +8,13 @@
 #include <cstdio>
 #include <string>
 
+#include "bench/compiled_node.h"
+#include "bench/ratio.h"
 #include "platform/automation/calls.h"
+#include "platform/controls/cell_text.h"
 #include "platform/win32/com/activation.h"
 #include "platform/win32/com/bridge.h"
 #include "platform/win32/com/com_ptr.h"
-#include "ratio.h"
 
 namespace {
 
@@ -26,84 +28,10 @@ using win32::Variant;
 
 constexpr int kCells = 20'000;
 constexpr double kAim = 1.3;
-constexpr DISPID kName = 1;
-
-/// A node as a compiled repository makes it: a switch over ids, described by one type information.
-class CompiledNode final : public IDispatch {
-  public:
-    explicit CompiledNode(ComPtr<ITypeInfo> info) : info_(std::move(info)) {}
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-        if (*result == nullptr)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(::InterlockedIncrement(&count_)); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const LONG left = ::InterlockedDecrement(&count_);
-        if (left == 0)
-            delete this;
-        return static_cast<ULONG>(left);
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-        *count = 1;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
-        *info = ComPtr<ITypeInfo>(info_).detach();
-        return S_OK;
-    }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        return info_->GetIDsOfNames(names, count, ids);
-    }
-    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO*, UINT*) override {
-        if (iid != IID_NULL || parameters == nullptr)
-            return E_INVALIDARG;
-        if (id != kName || (flags & DISPATCH_PROPERTYGET) == 0)
-            return DISP_E_MEMBERNOTFOUND;
-        if (parameters->cArgs != 0)
-            return DISP_E_BADPARAMCOUNT;
-        if (result != nullptr) {
-            V_BSTR(result) = ::SysAllocStringLen(name_.data(), static_cast<UINT>(name_.size()));
-            V_VT(result) = VT_BSTR;
-        }
-        return S_OK;
-    }
-
-  private:
-    virtual ~CompiledNode() = default;
-
-    ComPtr<ITypeInfo> info_;
-    std::wstring name_ = L"libquorel-common-data";
-    LONG count_ = 0;
-};
-
-ComPtr<ITypeInfo> nodeDescription() {
-    static wchar_t name[] = L"name";
-    static METHODDATA method{};
-    method.szName = name;
-    method.dispid = kName;
-    method.cc = CC_STDCALL;
-    method.wFlags = DISPATCH_PROPERTYGET;
-    method.vtReturn = VT_BSTR;
-    INTERFACEDATA data{&method, 1};
-    ComPtr<ITypeInfo> info;
-    ::CreateDispTypeInfo(&data, 0, info.out());
-    return info;
-}
 
 /// The engine's site: scripts here ask for nothing.
-class Site final : public IActiveScriptSite {
+class Site final : public win32::ComObject<IActiveScriptSite> {
   public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = iid == IID_IUnknown || iid == __uuidof(IActiveScriptSite) ? this : nullptr;
-        return *result != nullptr ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
     STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD, IUnknown**, ITypeInfo**) override {
         return TYPE_E_ELEMENTNOTFOUND;
@@ -125,7 +53,7 @@ class Script {
             FAILED(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
                                       engine_.outVoid())))
             return;
-        engine_->SetScriptSite(&site_);
+        engine_->SetScriptSite(site_.get());
         const auto parser = engine_.as<IActiveScriptParse>();
         parser->InitNew();
         parser->ParseScriptText(source, nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISVISIBLE, nullptr,
@@ -143,7 +71,7 @@ class Script {
     }
 
   private:
-    Site site_;
+    ComPtr<Site> site_ = win32::makeCom<Site>();
     ComPtr<IActiveScript> engine_;
 };
 
@@ -159,14 +87,28 @@ void bareCells(IDispatch& node, DISPID id) {
     }
 }
 
+/// What a list does with what it reads: it keeps the text as it shows it, until another takes its place.
+class Cell {
+  public:
+    void keep(Value&& read) {
+        controls::makeDisplayText(read);
+        text_ = std::move(read);
+        seen += text_.text()->size();
+    }
+
+  private:
+    Value text_;
+};
+
 void compareKnownId(const char* name, const Object& node) {
     const MemberId id = node.resolve(u"name");
     IDispatch& dispatch = *win32::toDispatch(node).get();
+    Cell cell;
     bench::compare(
         name, kCells, kAim,
         [&] {
             for (int i = 0; i < kCells; ++i)
-                seen += node.invoke(id, automation::InvokeKind::Get, {}).getIf<std::u16string>()->size();
+                cell.keep(node.invoke(id, automation::InvokeKind::Get, {}));
         },
         [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
 }
@@ -175,11 +117,12 @@ void compareMember(const char* name, const Object& node) {
     const Member member(u"name");
     const MemberId id = member.idFor(node);
     IDispatch& dispatch = *win32::toDispatch(node).get();
+    Cell cell;
     bench::compare(
         name, kCells, kAim,
         [&] {
             for (int i = 0; i < kCells; ++i)
-                seen += node.get(member).getIf<std::u16string>()->size();
+                cell.keep(node.get(member));
         },
         [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
 }
@@ -210,7 +153,7 @@ int main() {
     if (FAILED(::OleInitialize(nullptr)))
         return 1;
     {
-        const ComPtr<CompiledNode> compiled(new CompiledNode(nodeDescription()));
+        const auto compiled = win32::makeCom<bench::CompiledNode>(bench::nodeDescription());
         const Object node = win32::fromDispatch(compiled.get());
         compareKnownId("Cell of a compiled object, its id known / bare Invoke", node);
         compareMember("Cell of a compiled object by name, its type proven / bare Invoke", node);

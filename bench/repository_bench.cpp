@@ -153,7 +153,7 @@ void compareProperties(const std::vector<Object>& nodes, const std::vector<int>&
         "property member / prepared statement", kReads, 1.5,
         [&] {
             for (const Object& node : nodes)
-                sum += node.get(note).getIf<std::u16string>()->size();
+                sum += node.get(note).text()->size();
         },
         readRaw);
     const Member getProperty(u"GetProperty");
@@ -161,7 +161,7 @@ void compareProperties(const std::vector<Object>& nodes, const std::vector<int>&
         "GetProperty(name) / prepared statement", kReads, 1.5,
         [&] {
             for (const Object& node : nodes)
-                sum += node.call(getProperty, u"Note").getIf<std::u16string>()->size();
+                sum += node.call(getProperty, u"Note").text()->size();
         },
         readRaw);
 }

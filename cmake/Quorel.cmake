@@ -17,8 +17,9 @@ target_include_directories(quorel_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(quorel_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
                                                 -Wimplicit-fallthrough -Werror)
 if(QUOREL_SANITIZE)
+    # Instrumented code makes GCC see uses of members of unions that no way leads to; the other presets do warn.
     target_compile_options(quorel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
-                                                    -fno-omit-frame-pointer -O1 -g1)
+                                                    -fno-omit-frame-pointer -O1 -g1 -Wno-maybe-uninitialized)
     target_link_options(quorel_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(WIN32)

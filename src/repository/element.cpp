@@ -27,8 +27,8 @@ constexpr std::u16string_view kIncomingPrefix = u"incoming_";
 
 bool assigns(InvokeKind kind) noexcept {
     constexpr auto kAssignments =
-        static_cast<std::uint16_t>(InvokeKind::Put) | static_cast<std::uint16_t>(InvokeKind::PutRef);
-    return (static_cast<std::uint16_t>(kind) & kAssignments) != 0;
+        static_cast<std::uint32_t>(InvokeKind::Put) | static_cast<std::uint32_t>(InvokeKind::PutRef);
+    return (static_cast<std::uint32_t>(kind) & kAssignments) != 0;
 }
 
 bool containsFolded(const std::u16string& text, const std::u16string& folded) {

@@ -27,10 +27,10 @@ std::vector<std::u16string> textsOf(const Value& values) {
         const std::int32_t length = object->get(u"length").toInteger();
         for (std::int32_t i = 0; i < length; ++i)
             texts.push_back(object->get(automation::decimal(i)).toString());
-    } else if (const auto* text = values.getIf<std::u16string>()) {
+    } else if (const auto text = values.text()) {
         for (std::size_t start = 0; start <= text->size();) {
             const std::size_t comma = std::min(text->find(u',', start), text->size());
-            texts.push_back(text->substr(start, comma - start));
+            texts.emplace_back(text->substr(start, comma - start));
             start = comma + 1;
         }
     }

@@ -62,13 +62,13 @@ TEST_F(Elements, ValuesComeBackInTheirDeclaredType) {
     EXPECT_EQ(*book.get(u"Price").getIf<double>(), 12.5);
     EXPECT_EQ(*book.get(u"InPrint").getIf<bool>(), true);
     EXPECT_EQ(*book.get(u"Published").getIf<Date>(), Date{2500.25});
-    EXPECT_EQ(*book.get(u"Binding").getIf<std::u16string>(), u"Paperback");
+    EXPECT_EQ(*book.get(u"Binding").text(), u"Paperback");
     EXPECT_EQ(*book.get(u"Cover").getIf<Bytes>(), (Bytes{{0, 1, 255}, 0}));
-    EXPECT_EQ(*book.get(u"Subtitle").getIf<std::u16string>(), u"7");
+    EXPECT_EQ(*book.get(u"Subtitle").text(), u"7");
     book.put(u"Cover", Bytes{});
     EXPECT_EQ(*book.get(u"Cover").getIf<Bytes>(), Bytes{});
     book.put(u"Subtitle", u"");
-    EXPECT_EQ(*book.get(u"Subtitle").getIf<std::u16string>(), u"");
+    EXPECT_EQ(*book.get(u"Subtitle").text(), u"");
 }
 
 TEST_F(Elements, AValueOfTheWrongTypeIsRefusedAndChangesNothing) {

@@ -4,10 +4,7 @@
 
 namespace quorel::automation {
 
-MemberId Member::idFor(const Object& object) const {
-    const void* const key = object.typeKey();
-    if (key != nullptr && key == typeKey_)
-        return id_;
+MemberId Member::resolve(const Object& object, const void* key) const {
     const MemberId id = object.resolve(name_);
     typeKey_ = key;
     id_ = id;

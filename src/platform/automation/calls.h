@@ -25,13 +25,24 @@ class Member {
     explicit Member(std::u16string name) : name_(std::move(name)) {}
 
     [[nodiscard]] const std::u16string& name() const noexcept { return name_; }
-    [[nodiscard]] MemberId idFor(const Object& object) const;
+    [[nodiscard]] MemberId idFor(const Object& object) const {
+        const void* const key = object.typeKey();
+        return key != nullptr && key == typeKey_ ? id_ : resolve(object, key);
+    }
 
   private:
+    MemberId resolve(const Object& object, const void* key) const;
+
     std::u16string name_;
     mutable const void* typeKey_ = nullptr;
     mutable MemberId id_ = MemberId::Default;
 };
+
+inline Value Object::invoke(MemberId id, InvokeKind kind, std::span<Argument> arguments) const {
+    if (instance_ == nullptr)
+        raiseNotSet();
+    return binding_->invoke(instance_, id, kind, arguments);
+}
 
 namespace detail {
 template <class... Args>

@@ -48,10 +48,6 @@ class NativeBinding final : public Binding {
 
 const NativeBinding kNativeBinding;
 
-[[noreturn]] void raiseNotSet() {
-    throw Error(error_number::kObjectNotSet);
-}
-
 }  // namespace
 
 Object::Object(NativeObject* native) noexcept : binding_(&kNativeBinding), instance_(native) {
@@ -82,14 +78,8 @@ MemberId Object::resolve(std::u16string_view name) const {
     return binding_->resolve(instance_, name);
 }
 
-Value Object::invoke(MemberId id, InvokeKind kind, std::span<Argument> arguments) const {
-    if (instance_ == nullptr)
-        raiseNotSet();
-    return binding_->invoke(instance_, id, kind, arguments);
-}
-
-const void* Object::typeKey() const noexcept {
-    return instance_ != nullptr ? binding_->typeKey(instance_) : nullptr;
+void Object::raiseNotSet() {
+    throw Error(error_number::kObjectNotSet);
 }
 
 void Object::put(std::u16string_view name, const Value& value) const {

@@ -18,8 +18,9 @@ class NativeObject;
 /// A member's number within one object. Promised for that object only, unless its type key says more.
 enum class MemberId : std::int32_t { Default = 0, NewEnum = -4 };
 
-/// What is asked of a member; the values are the platform's dispatch flags and may be combined.
-enum class InvokeKind : std::uint16_t { Method = 1, Get = 2, Call = 3, Put = 4, PutRef = 8 };
+/// What is asked of a member; the values are the platform's dispatch flags and may be combined. As wide as a
+/// register: it travels on the stack, where a narrow store delays the wide load behind it.
+enum class InvokeKind : std::uint32_t { Method = 1, Get = 2, Call = 3, Put = 4, PutRef = 8 };
 
 /// How to talk to one family of objects (native ones; the platform's). One constant instance each; an
 /// `Object` is an instance pointer with the binding that knows what it points to, so a foreign object needs
@@ -87,7 +88,9 @@ class Object {
 
     [[nodiscard]] MemberId resolve(std::u16string_view name) const;
     Value invoke(MemberId id, InvokeKind kind, std::span<Argument> arguments) const;
-    [[nodiscard]] const void* typeKey() const noexcept;
+    [[nodiscard]] const void* typeKey() const noexcept {
+        return instance_ != nullptr ? binding_->typeKey(instance_) : nullptr;
+    }
 
     /// Calls a method, or reads a property with arguments. Arguments are anything a `Value` is made of, or
     /// `byRef(v)`.
@@ -121,6 +124,8 @@ class Object {
     }
 
   private:
+    [[noreturn]] static void raiseNotSet();
+
     const Binding* binding_ = nullptr;
     void* instance_ = nullptr;
 };

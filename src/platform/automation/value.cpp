@@ -57,7 +57,7 @@ std::int32_t rounded(double number) {
     return static_cast<std::int32_t>(whole);
 }
 
-double numberIn(const std::u16string& text) {
+double numberIn(std::u16string_view text) {
     const std::optional<double> number = parseNumber(text);
     if (!number)
         raise(error_number::kTypeMismatch);
@@ -90,33 +90,69 @@ bool equalArrays(const Array& a, const Array& b) {
 
 }  // namespace
 
-Value::Value(Array value) noexcept : data_(std::move(value)) {}
+Value::Value(Array value) noexcept : data_(std::move(value)), stored_(Stored::Array) {}
+
+Value::Value(const Value& other) {
+    switch (other.stored_) {
+        case Stored::Adopted:
+            std::construct_at(&data_.adopted, other.data_.adopted);
+            break;
+        case Stored::Object:
+            std::construct_at(&data_.object, other.data_.object);
+            break;
+        case Stored::String:
+            std::construct_at(&data_.string, other.data_.string);
+            break;
+        case Stored::Bytes:
+            std::construct_at(&data_.bytes, other.data_.bytes);
+            break;
+        case Stored::Array:
+            std::construct_at(&data_.array, other.data_.array);
+            break;
+        default:
+            data_.plain = other.data_.plain;
+    }
+    stored_ = other.stored_;
+}
+
+void Value::takeRare(Value& other) noexcept {
+    if (other.stored_ == Stored::String)
+        std::construct_at(&data_.string, std::move(other.data_.string));
+    else if (other.stored_ == Stored::Bytes)
+        std::construct_at(&data_.bytes, std::move(other.data_.bytes));
+    else
+        std::construct_at(&data_.array, std::move(other.data_.array));
+    other.endRare();
+}
+
+void Value::endRare() noexcept {
+    if (stored_ == Stored::String)
+        std::destroy_at(&data_.string);
+    else if (stored_ == Stored::Bytes)
+        std::destroy_at(&data_.bytes);
+    else
+        std::destroy_at(&data_.array);
+}
 
 Value Value::null() noexcept {
-    Value value;
-    value.data_ = NullValue{};
-    return value;
+    return {Stored::Null, Plain()};
 }
 
 Value Value::missing() noexcept {
-    Value value;
-    value.data_ = MissingValue{};
-    return value;
+    return {Stored::Missing, Plain()};
 }
 
 Value Value::error(std::int32_t number) noexcept {
-    Value value;
-    value.data_ = ErrorValue{number};
-    return value;
+    return {Stored::Error, Plain(ErrorValue{number})};
 }
 
 bool Value::toBoolean() const {
     if (const bool* flag = getIf<bool>())
         return *flag;
-    if (const auto* text = getIf<std::u16string>()) {
-        if (equalsIgnoringCase(*text, u"True"))
+    if (const auto string = text()) {
+        if (equalsIgnoringCase(*string, u"True"))
             return true;
-        if (equalsIgnoringCase(*text, u"False"))
+        if (equalsIgnoringCase(*string, u"False"))
             return false;
     }
     return toDouble() != 0;
@@ -131,8 +167,8 @@ std::int32_t Value::toInteger() const {
 double Value::toDouble() const {
     if (const std::optional<double> number = numberOf(*this))
         return *number;
-    if (const auto* text = getIf<std::u16string>())
-        return numberIn(*text);
+    if (const auto string = text())
+        return numberIn(*string);
     if (const auto* object = getIf<Object>())
         return plainValue(*object).toDouble();
     refuse(*this);
@@ -149,7 +185,7 @@ std::u16string Value::toString() const {
         case ValueKind::Double:
             return numberText(*getIf<double>());
         case ValueKind::String:
-            return *getIf<std::u16string>();
+            return std::u16string(*text());
         case ValueKind::Date:
             return dateText(*getIf<Date>());
         case ValueKind::Object:
@@ -160,8 +196,8 @@ std::u16string Value::toString() const {
 }
 
 Date Value::toDate() const {
-    if (const auto* text = getIf<std::u16string>())
-        if (const std::optional<Date> date = parseDate(*text))
+    if (const auto string = text())
+        if (const std::optional<Date> date = parseDate(*string))
             return *date;
     if (const auto* object = getIf<Object>())
         return plainValue(*object).toDate();
@@ -182,9 +218,9 @@ Object Value::toObject() const {
 bool Value::equal(const Value& a, const Value& b) {
     if (a.isNull() || b.isNull())
         return false;
-    if (const auto* text = a.getIf<std::u16string>(); text != nullptr && b.isEmpty())
+    if (const auto text = a.text(); text && b.isEmpty())
         return text->empty();
-    if (const auto* text = b.getIf<std::u16string>(); text != nullptr && a.isEmpty())
+    if (const auto text = b.text(); text && a.isEmpty())
         return text->empty();
     if (const auto left = numberOf(a), right = numberOf(b); left && right)
         return *left == *right;
@@ -192,7 +228,7 @@ bool Value::equal(const Value& a, const Value& b) {
         return false;
     switch (a.kind()) {
         case ValueKind::String:
-            return *a.getIf<std::u16string>() == *b.getIf<std::u16string>();
+            return *a.text() == *b.text();
         case ValueKind::Object:
             return *a.getIf<Object>() == *b.getIf<Object>();
         case ValueKind::Bytes:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace quorel::controls {
 
@@ -18,15 +19,15 @@ void CellCache::clear() noexcept {
     slots_.clear();
 }
 
-const std::u16string* CellCache::find(std::size_t row, std::size_t column) const noexcept {
+std::optional<std::u16string_view> CellCache::find(std::size_t row, std::size_t column) const noexcept {
     if (slots_.empty())
-        return nullptr;
+        return std::nullopt;
     const Slot& slot = slots_[row % slots_.size()];
-    const bool known = slot.row == row && column < slot.cells.size() && slot.cells[column];
-    return known ? &*slot.cells[column] : nullptr;
+    const bool known = slot.row == row && column < slot.cells.size();
+    return known ? slot.cells[column].text() : std::nullopt;
 }
 
-void CellCache::store(std::size_t row, std::size_t column, std::u16string text) {
+void CellCache::store(std::size_t row, std::size_t column, automation::Value text) {
     if (slots_.empty())
         reserveRows(kFewestRows);
     Slot& slot = slots_[row % slots_.size()];

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <vector>
+
+#include "platform/automation/value.h"
 
 namespace quorel::controls {
 
@@ -16,13 +18,15 @@ class CellCache {
     void clear() noexcept;
     void forget(std::size_t row) noexcept;
 
-    [[nodiscard]] const std::u16string* find(std::size_t row, std::size_t column) const noexcept;
-    void store(std::size_t row, std::size_t column, std::u16string text);
+    /// Good until the cache changes.
+    [[nodiscard]] std::optional<std::u16string_view> find(std::size_t row, std::size_t column) const noexcept;
+    /// `text` is a string.
+    void store(std::size_t row, std::size_t column, automation::Value text);
 
   private:
     struct Slot {
         std::size_t row = 0;
-        std::vector<std::optional<std::u16string>> cells;
+        std::vector<automation::Value> cells;  ///< empty where nothing is known
     };
     static constexpr std::size_t kFewestRows = 256;
     static constexpr std::size_t kMostRows = 4096;

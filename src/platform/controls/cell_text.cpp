@@ -1,5 +1,10 @@
 #include "platform/controls/cell_text.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
 #include "platform/automation/text.h"
 
 namespace quorel::controls {
@@ -15,6 +20,23 @@ constexpr char16_t kNullSymbol = u'\u2400';
 
 [[nodiscard]] bool isHighSurrogate(char16_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
+}
+
+/// A text without control characters and of the usual length is shown as it stands. Looks at four units at a
+/// time: every cell that is painted for the first time comes here.
+[[nodiscard]] bool isPlain(std::u16string_view text) {
+    constexpr std::size_t kAtATime = sizeof(std::uint64_t) / sizeof(char16_t);
+    constexpr std::uint64_t kEach = 0x0001'0001'0001'0001;
+    if (text.size() > kMostUnits)
+        return false;
+    std::uint64_t borrows = 0;
+    for (; text.size() >= kAtATime; text.remove_prefix(kAtATime)) {
+        std::uint64_t units = 0;
+        std::memcpy(&units, text.data(), sizeof units);
+        borrows |= (units - kEach * u' ') & ~units;
+    }
+    return (borrows & kEach << 15) == 0 &&
+           std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit >= u' '; });
 }
 
 [[nodiscard]] std::u16string counted(std::size_t count, std::u16string_view noun) {
@@ -57,6 +79,12 @@ std::u16string displayText(std::u16string_view text) {
     if (shown.size() < text.size())
         result += kEllipsis;
     return result;
+}
+
+void makeDisplayText(Value& value) {
+    const auto text = value.text();
+    if (!text || !isPlain(*text))
+        value = Value(displayText(text ? *text : valueText(value)));
 }
 
 std::u16string clipboardField(std::u16string_view text) {

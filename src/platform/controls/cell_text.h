@@ -18,6 +18,10 @@ inline constexpr std::u16string_view kUnreadableMark = u"#Error";
 /// an embedded null as its symbol; an ellipsis stands for what is left out.
 [[nodiscard]] std::u16string displayText(std::u16string_view text);
 
+/// Makes of a value the string that a cell shows: `displayText(valueText(value))`. A text that is shown as it
+/// stands is left where it is.
+void makeDisplayText(automation::Value& value);
+
 /// The text as a field of tab-separated lines: in quotes (inner ones doubled) when it holds a tab, a line
 /// break or a quote; an embedded null as its symbol, since a clipboard ends there.
 [[nodiscard]] std::u16string clipboardField(std::u16string_view text);

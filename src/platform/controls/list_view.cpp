@@ -208,20 +208,22 @@ void ListView::showRows(std::optional<std::size_t> selected) {
 std::u16string ListView::cellText(std::size_t viewRow, std::size_t column) {
     if (viewRow >= view_.size() || column >= columns_.size())
         return {};
-    if (const std::u16string* const known = cache_.find(viewRow, column))
-        return *known;
+    if (const auto known = cache_.find(viewRow, column))
+        return std::u16string(*known);
     const Overtaken overtaken(*this);
     const Object row = rows_[view_.rowAt(viewRow)];
-    std::u16string text;
+    automation::Value cell;
     try {
-        text = displayText(valueText(columns_.read(row, column)));
+        cell = columns_.read(row, column);
+        makeDisplayText(cell);
     } catch (...) {
-        text = kUnreadableMark;
+        cell = automation::Value(kUnreadableMark);
         if (!overtaken)
             cellFailed(automation::currentError());
     }
+    std::u16string text(*cell.text());
     if (!overtaken)
-        cache_.store(viewRow, column, text);
+        cache_.store(viewRow, column, std::move(cell));
     return text;
 }
 

@@ -148,7 +148,7 @@ std::optional<Date> dateOf(std::string_view text) {
 std::string jsonOf(const Value& value) {
     switch (value.kind()) {
         case ValueKind::String:
-            return jsonQuoted(*value.getIf<std::u16string>());
+            return jsonQuoted(*value.text());
         case ValueKind::Integer:
             return std::to_string(*value.getIf<std::int32_t>());
         case ValueKind::Double:

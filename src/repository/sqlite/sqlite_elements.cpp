@@ -125,7 +125,7 @@ void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const V
     Statement& statement = element_.setValue.at(index);
     switch (value.kind()) {
         case ValueKind::String: {
-            const std::string& bytes = storedIn(textBuffer_, *value.getIf<std::u16string>());
+            const std::string& bytes = storedIn(textBuffer_, *value.text());
             return Run(statement, id, property, bytes).finish();
         }
         case ValueKind::Integer:

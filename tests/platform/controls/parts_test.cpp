@@ -136,21 +136,21 @@ TEST(RowStore, GrowsFindsAndRemovesAcrossItsBlocks) {
 
 TEST(CellCache, RemembersAPageAndForgetsWhatIsFar) {
     CellCache cache;
-    EXPECT_EQ(cache.find(0, 0), nullptr);
+    EXPECT_FALSE(cache.find(0, 0));
     for (std::size_t row = 1000; row < 1200; ++row)
         cache.store(row, 1, numbered(u"r", row));
     for (std::size_t row = 1000; row < 1200; ++row) {
-        ASSERT_NE(cache.find(row, 1), nullptr);
+        ASSERT_TRUE(cache.find(row, 1));
         EXPECT_EQ(*cache.find(row, 1), numbered(u"r", row));
-        EXPECT_EQ(cache.find(row, 0), nullptr);
+        EXPECT_FALSE(cache.find(row, 0));
     }
     cache.reserveRows(1'000'000);
     cache.store(0, 0, u"near");
     cache.store(4096, 0, u"far");
-    EXPECT_EQ(cache.find(0, 0), nullptr);
-    ASSERT_NE(cache.find(4096, 0), nullptr);
+    EXPECT_FALSE(cache.find(0, 0));
+    ASSERT_TRUE(cache.find(4096, 0));
     cache.clear();
-    EXPECT_EQ(cache.find(4096, 0), nullptr);
+    EXPECT_FALSE(cache.find(4096, 0));
 }
 
 TEST(ListViewLayout, TheFilterTakesALineAboveTheList) {

@@ -35,6 +35,8 @@ namespace quorel::win32 {
 
 /// Writes over `variant`, which must be empty or hold nothing to free.
 void toVariant(const automation::Value& value, VARIANT& variant);
+/// The same, but a string that came from the platform goes back as it is.
+void toVariant(automation::Value&& value, VARIANT& variant);
 
 /// Creates an object of a class that is registered with the platform, as `ClassRegistry` wants it: an
 /// identifier nobody knows gives the empty reference, a class that fails to create throws its error.

@@ -133,7 +133,7 @@ class NativeEnumeration final : public IEnumVARIANT {
             const std::size_t wanted = std::min(values.size() - filled, batch_.size());
             const std::size_t got = enumerator_->next(std::span(batch_).first(wanted));
             for (std::size_t i = 0; i < got; ++i, ++filled, ++position_) {
-                toVariant(batch_[i], values[filled]);
+                toVariant(std::move(batch_[i]), values[filled]);
                 batch_[i] = Value();
             }
             if (got < wanted)

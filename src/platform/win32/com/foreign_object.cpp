@@ -53,13 +53,18 @@ struct Outcome {
     }
 };
 
+HRESULT invokeRaw(IDispatch& dispatch, MemberId id, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                  EXCEPINFO& failure) noexcept {
+    UINT argument = 0;
+    return dispatch.Invoke(static_cast<DISPID>(id), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result,
+                           &failure, &argument);
+}
+
 void attempt(IDispatch* dispatch, MemberId id, WORD flags, DISPPARAMS& parameters,
              Outcome& outcome) noexcept {
     const bool wantsResult = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) == 0;
-    UINT argument = 0;
-    outcome.status =
-        dispatch->Invoke(static_cast<DISPID>(id), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                         wantsResult ? outcome.result.out() : nullptr, &outcome.failure, &argument);
+    outcome.status = invokeRaw(*dispatch, id, flags, parameters, wantsResult ? outcome.result.out() : nullptr,
+                               outcome.failure);
 }
 
 /// The member holds data of a script and was called. An error that the script kept to itself, or has no name
@@ -134,8 +139,8 @@ class ForeignBinding final : public Binding {
     // Apart from the way of a plain read, which a list goes for every cell.
     [[gnu::noinline]] Value invokeWithArguments(IDispatch* dispatch, MemberId id, WORD flags,
                                                 std::span<Argument> arguments) const;
-    [[gnu::noinline]] Value recoverWithoutArguments(IDispatch* dispatch, MemberId id, WORD flags,
-                                                    Outcome& first) const;
+    [[gnu::noinline]] Value recoverRead(IDispatch* dispatch, MemberId id, WORD flags, HRESULT status,
+                                        const EXCEPINFO& failure) const;
     Value recover(IDispatch* dispatch, MemberId id, WORD flags, CallFrame& frame, Outcome& first) const;
 };
 
@@ -143,20 +148,24 @@ Value ForeignBinding::invoke(void* instance, MemberId id, InvokeKind kind,
                              std::span<Argument> arguments) const {
     IDispatch* dispatch = dispatchOf(instance);
     const auto flags = static_cast<WORD>(kind);
-    if (!arguments.empty())
+    if (!arguments.empty() || kind > InvokeKind::Call)
         return invokeWithArguments(dispatch, id, flags, arguments);
     DISPPARAMS none{};
-    Outcome outcome;
-    attempt(dispatch, id, flags, none, outcome);
-    if (FAILED(outcome.status)) [[unlikely]]
-        return recoverWithoutArguments(dispatch, id, flags, outcome);
-    return takeVariant(*outcome.result);
+    Variant result;
+    EXCEPINFO failure{};
+    const HRESULT status = invokeRaw(*dispatch, id, flags, none, result.get(), failure);
+    if (FAILED(status)) [[unlikely]]
+        return recoverRead(dispatch, id, flags, status, failure);
+    return takeVariant(*result);
 }
 
-Value ForeignBinding::recoverWithoutArguments(IDispatch* dispatch, MemberId id, WORD flags,
-                                              Outcome& first) const {
+Value ForeignBinding::recoverRead(IDispatch* dispatch, MemberId id, WORD flags, HRESULT status,
+                                  const EXCEPINFO& failure) const {
+    Outcome outcome;
+    outcome.status = status;
+    outcome.failure = failure;
     CallFrame frame({}, false);
-    return recover(dispatch, id, flags, frame, first);
+    return recover(dispatch, id, flags, frame, outcome);
 }
 
 Value ForeignBinding::invokeWithArguments(IDispatch* dispatch, MemberId id, WORD flags,

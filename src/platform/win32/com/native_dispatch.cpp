@@ -201,10 +201,10 @@ HRESULT NativeDispatch::invokeById(DISPID id, WORD flags, DISPPARAMS& parameters
             if (member == nullptr ? id < kFirstExtraId : !answers(*member, flags))
                 return DISP_E_MEMBERNOTFOUND;
             HostCall call(parameters);
-            const automation::Value value =
+            automation::Value value =
                 keep_.invoke(static_cast<MemberId>(id), kindOf(flags, member, parameters), call.arguments());
             call.writeBack();
-            toVariant(value, *answer);
+            toVariant(std::move(value), *answer);
         }
         if (result != nullptr)
             *result = answer.release();

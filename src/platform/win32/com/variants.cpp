@@ -12,6 +12,7 @@ namespace quorel::win32 {
 
 namespace {
 
+using automation::AdoptedText;
 using automation::Array;
 using automation::Bytes;
 using automation::Date;
@@ -273,7 +274,7 @@ void toVariant(const Value& value, VARIANT& variant) {
             V_VT(&variant) = VT_R8;
             return;
         case ValueKind::String:
-            V_BSTR(&variant) = makeBstr(*value.getIf<std::u16string>()).release();
+            V_BSTR(&variant) = makeBstr(*value.text()).release();
             V_VT(&variant) = VT_BSTR;
             return;
         case ValueKind::Date:
@@ -299,15 +300,26 @@ void toVariant(const Value& value, VARIANT& variant) {
     }
 }
 
-Value takeVariant(VARIANT& variant) {
-    const VARTYPE type = std::exchange(V_VT(&variant), static_cast<VARTYPE>(VT_EMPTY));
-    if (type == VT_BSTR) {
-        const Bstr text(V_BSTR(&variant));
-        return Value(viewOf(text.get()));
+void toVariant(Value&& value, VARIANT& variant) {
+    if (auto* const text = value.getIf<AdoptedText>()) {
+        if (char16_t* const buffer = text->handOver(freeText)) {
+            V_BSTR(&variant) = reinterpret_cast<BSTR>(buffer);
+            V_VT(&variant) = VT_BSTR;
+            return;
+        }
     }
-    if (type == VT_DISPATCH)
+    toVariant(std::as_const(value), variant);
+}
+
+void freeText(char16_t* text) noexcept {
+    ::SysFreeString(reinterpret_cast<BSTR>(text));
+}
+
+Value takeOther(VARIANT& variant) {
+    if (V_VT(&variant) == VT_DISPATCH) {
+        V_VT(&variant) = VT_EMPTY;
         return Value(adoptDispatch(V_DISPATCH(&variant)));
-    V_VT(&variant) = type;
+    }
     Variant taken;
     std::swap(*taken, variant);
     return fromVariant(*taken);
@@ -336,8 +348,7 @@ bool readsTheSame(const Value& before, const Value& after) {
         return true;
     switch (after.kind()) {
         case ValueKind::String:
-            return before.kind() <= ValueKind::Date && !before.isNull() &&
-                   before.toString() == *after.getIf<std::u16string>();
+            return before.kind() <= ValueKind::Date && !before.isNull() && before.toString() == *after.text();
         case ValueKind::Boolean:
         case ValueKind::Integer:
         case ValueKind::Double:

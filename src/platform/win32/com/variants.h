@@ -6,12 +6,25 @@
 #include <windows.h>
 
 #include "platform/automation/value.h"
+#include "platform/win32/com/com_ptr.h"
 
 namespace quorel::win32 {
 
+/// Frees the platform's strings that values have adopted; its address tells them from other texts.
+void freeText(char16_t* text) noexcept;
+
+/// `takeVariant` for what is no string.
+[[nodiscard]] automation::Value takeOther(VARIANT& variant);
+
 /// As `fromVariant`, but takes over what `variant` holds where that saves a copy; `variant` is empty
 /// afterwards.
-[[nodiscard]] automation::Value takeVariant(VARIANT& variant);
+[[nodiscard]] inline automation::Value takeVariant(VARIANT& variant) {
+    if (V_VT(&variant) != VT_BSTR)
+        return takeOther(variant);
+    V_VT(&variant) = VT_EMPTY;
+    BSTR const text = V_BSTR(&variant);
+    return automation::AdoptedText(reinterpret_cast<char16_t*>(text), viewOf(text).size(), freeText);
+}
 
 /// Follows references (VT_BYREF) of every kind and stores `value` in what they lead to, converted to its
 /// type.
