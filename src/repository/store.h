@@ -54,8 +54,8 @@ class Store {
     /// Removes the meta object with its properties; the caller has seen that it has no instances and no meta
     /// links.
     virtual void removeMeta(MetaId id) = 0;
-    /// In the order in which they were added.
-    [[nodiscard]] virtual std::vector<PropertyRecord> metaProperties(MetaId owner) = 0;
+    /// In the order in which they were added, from behind `after` on (all of them behind none).
+    [[nodiscard]] virtual std::vector<PropertyRecord> metaProperties(MetaId owner, PropertyId after) = 0;
     /// `record.id` is ignored.
     virtual PropertyId addMetaProperty(MetaId owner, const PropertyRecord& record) = 0;
 

@@ -35,9 +35,7 @@ void TypeInfo::add(PropertySlot slot) {
 }
 
 void TypeInfo::refresh(Store& store) {
-    for (PropertyRecord& record : store.metaProperties(record_.id)) {
-        if (record.id <= last_)
-            continue;
+    for (PropertyRecord& record : store.metaProperties(record_.id, last_)) {
         last_ = record.id;
         add({PropertySlot::Origin::Stored, true, std::move(record)});
     }

@@ -82,7 +82,7 @@ class Export {
 
     void writeType(const MetaRecord& record) {
         Type& type = types_[record.id];
-        type = {record, store_.metaProperties(record.id)};
+        type = {record, store_.metaProperties(record.id, PropertyId{})};
         Line line;
         line.text(record.kind == Kind::Node ? "metaNode" : "metaLink", record.name);
         if (record.kind == Kind::Link)

@@ -86,9 +86,9 @@ void SqliteStore::removeMeta(MetaId id) {
     std::erase(transient_, id);
 }
 
-std::vector<PropertyRecord> SqliteStore::metaProperties(MetaId owner) {
+std::vector<PropertyRecord> SqliteStore::metaProperties(MetaId owner, PropertyId after) {
     std::vector<PropertyRecord> records;
-    for (Run run(meta_.properties, owner); run.row();) {
+    for (Run run(meta_.properties, owner, after); run.row();) {
         const auto type = static_cast<DataType>(std::clamp<std::int64_t>(run.integer(2), 0, 6));
         records.push_back({run.id<PropertyId>(0), run.text(1), type, run.text(3), {}});
     }

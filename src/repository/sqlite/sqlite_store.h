@@ -37,7 +37,7 @@ class SqliteStore final : public Store {
     void setDescription(MetaId id, std::u16string_view description) override;
     void setPersistent(MetaId id, bool persistent) override;
     void removeMeta(MetaId id) override;
-    std::vector<PropertyRecord> metaProperties(MetaId owner) override;
+    std::vector<PropertyRecord> metaProperties(MetaId owner, PropertyId after) override;
     PropertyId addMetaProperty(MetaId owner, const PropertyRecord& record) override;
 
     std::int64_t count(const ElementScope& scope) override;

@@ -76,7 +76,8 @@ MetaStatements::MetaStatements(Database& database)
       setPersistent(database, "UPDATE meta_object SET persistent = ?2 WHERE id = ?1"),
       remove(database, "DELETE FROM meta_object WHERE id = ?1"),
       properties(database,
-                 "SELECT id, name, datatype, description FROM meta_property WHERE owner = ?1 ORDER BY id"),
+                 "SELECT id, name, datatype, description FROM meta_property WHERE owner = ?1 AND id > ?2 "
+                 "ORDER BY id"),
       values(database, "SELECT value FROM enumeration_value WHERE property = ?1 ORDER BY position"),
       addProperty(database,
                   "INSERT INTO meta_property (owner, name, datatype, description) VALUES (?1, ?2, ?3, ?4)"),

@@ -58,7 +58,7 @@ struct MetaStatements {
     Statement setDescription;  // id, description
     Statement setPersistent;   // id, persistent
     Statement remove;          // id
-    Statement properties;      // owner
+    Statement properties;      // owner, after which
     Statement values;          // property
     Statement addProperty;     // owner, name, datatype, description
     Statement addValue;        // property, position, value
