@@ -68,13 +68,21 @@ void PropertyModel::build() {
         built.push_back(automation::make<PropertyItem>(automation::make<PropertyMember>(member), observer,
                                                        PropertyItem::Source::Member));
     const Object properties = metaObject_.get(u"Properties").toObject();
+    const void* withoutCategory = nullptr;
     for (const Object& definition : automation::each(properties)) {
         if (!definition)
             continue;
         const Item item = automation::make<PropertyItem>(definition, observer);
-        // Rows are grouped, so that categories are known from the start; anything else waits.
-        categories = !item->category().empty() || categories;
         built.push_back(item);
+        // Rows are grouped, so that categories are known from the start; anything else waits. A type of
+        // definitions that has no categories is asked once.
+        const void* const type = definition.typeKey();
+        if (type != nullptr && type == withoutCategory)
+            continue;
+        if (answersTo(definition, u"Category"))
+            categories = !item->category().empty() || categories;
+        else
+            withoutCategory = type;
     }
     if (overtaken) {
         for (const Item& item : built)
