@@ -84,7 +84,12 @@ LRESULT NativeWindow::serveKey(UINT message, WPARAM key, LPARAM flags) {
     const HWND inner =
         handle_ != nullptr && focus != nullptr && ::IsChild(handle_, focus) && of(focus) == nullptr ? focus
                                                                                                     : handle_;
-    if (pressKey(key) || handle_ == nullptr)
+    const bool taken = pressKey(key);
+    // The system has to see every key that Alt goes with, or Alt by itself opens the menu bar when it comes
+    // up.
+    if (taken && message == WM_SYSKEYDOWN && key != VK_F4 && handle_ != nullptr)
+        ::DefWindowProcW(handle_, message, key, flags);
+    if (taken || handle_ == nullptr)
         return 0;
     MSG plain{};
     plain.hwnd = inner;
