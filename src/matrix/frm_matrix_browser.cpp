@@ -16,7 +16,7 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr ui::Size kFirstSize{12000_tw, 8400_tw};
+constexpr ui::Size kFirstSize{15000_tw, 9600_tw};
 constexpr ui::Size kLeastSize{4500_tw, 4500_tw};
 /// Where the list of meta nodes is: the lists fill the window.
 constexpr ui::Point kOrigin{0_tw, 0_tw};

@@ -66,7 +66,7 @@ class frmMatrixBrowser final : public ui::Form {
     // --------------------------------------------------------------------
     /// Makes a node the source.
     void SetSelection(const automation::Object& node);
-    /// The meta node comes from the repository's default member or, if it has none, from `MetaNodes`.
+    /// The meta node comes from the repository's default member or, if that fails, from `MetaNodes`.
     void SelectSourceMetaNode(const std::u16string& name);
     void SelectSourceInstance(const std::u16string& identifier);
     void SelectMetaLink(const std::u16string& name, bool outgoing);

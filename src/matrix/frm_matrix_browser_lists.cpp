@@ -1,3 +1,4 @@
+#include "frame/attempt.h"
 #include "matrix/frm_matrix_browser.h"
 #include "platform/automation/calls.h"
 #include "platform/automation/error.h"
@@ -26,14 +27,12 @@ constexpr std::u16string_view kInstanceClick = u"SourceInstanceList_Click";
     return text.append(automation::decimal(static_cast<std::int64_t>(list.count())));
 }
 
-/// The repository's default member; a repository without one has the meta node among its `MetaNodes`.
+/// The repository's default member, else its `MetaNodes`: not every repository has a default member, and what
+/// one without it says differs from language to language.
 [[nodiscard]] Object metaNodeNamed(const Object& repository, const std::u16string& name) {
-    try {
-        return repository.item(name).toObject();
-    } catch (const automation::Error& error) {
-        if (error.number() != automation::error_number::kMemberNotSupported)
-            throw;
-    }
+    Object found;
+    if (frame::attempt([&] { found = repository.item(name).toObject(); }))
+        return found;
     return repository.get(u"MetaNodes", name).toObject();
 }
 

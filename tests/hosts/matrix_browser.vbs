@@ -34,18 +34,23 @@ Class Session
     End Property
 End Class
 
-' Stands in front of a real repository and counts what is asked of it. It has no default member.
+' Stands in front of a real repository and counts what is asked of it. Its default member is indexed by type names.
 Class CountingRepository
     Public inner
     Public metaNodes_
     Public metaLinks_
+    Public items_
+    Public Default Property Get Item(name)
+        items_ = items_ + 1
+        Set Item = inner.MetaNodes(name)
+    End Property
     Public Property Get MetaNodes
         metaNodes_ = metaNodes_ + 1
         Set MetaNodes = inner.MetaNodes
     End Property
-    Public Property Get MetaLinks
+    Public Property Get MetaLinks(name)
         metaLinks_ = metaLinks_ + 1
-        Set MetaLinks = inner.MetaLinks
+        Set MetaLinks = inner.MetaLinks(name)
     End Property
 End Class
 
@@ -127,6 +132,7 @@ Dim name, identifier
 name = "Author"
 browser.SelectSourceMetaNode name
 Check name = "Author", "the name stays"
+Check file.items_ = 1, "the default member was asked: " & file.items_
 browser.SetSelection tolkien
 identifier = "ID:2"
 browser.SelectSourceInstance identifier

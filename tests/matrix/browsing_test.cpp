@@ -225,9 +225,12 @@ class IndexedRepository final : public automation::NativeObject {
         return table;
     }
     std::vector<std::u16string> indexed;
+    bool fails = false;
 
   private:
     Object item(const std::u16string& name) {
+        if (fails)
+            throw automation::Error(-2147467259);
         indexed.push_back(name);
         return metaNodes().item(name).toObject();
     }
@@ -241,6 +244,9 @@ TEST_F(MatrixBrowsing, SelectSourceMetaNodeAsksTheDefaultMemberWhereThereIsOne) 
     form->SelectSourceMetaNode(u"City");
     EXPECT_EQ(indexed->indexed, Texts{u"City"});
     EXPECT_EQ(selected(u"SourceMetaNodeList"), Object(model.city));
+    indexed->fails = true;
+    form->SelectSourceMetaNode(u"Company");
+    EXPECT_EQ(selected(u"SourceMetaNodeList"), Object(model.company)) << "from the meta nodes";
 }
 
 TEST_F(MatrixBrowsing, ARepositorySetTwiceRebuildsAllLists) {
