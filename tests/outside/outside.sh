@@ -70,6 +70,7 @@ outside_in_display() {
     browsing_tests
     editing_tests
     keyboard_tests
+    matrix_tests
 }
 
 outside_tests() {
