@@ -11,10 +11,6 @@ Sub ExpectError(number, what)
     Err.Clear
 End Sub
 
-Class MetaProperty
-    Public name, datatype
-End Class
-
 Class MetaNode
     Public Properties
 End Class

@@ -16,7 +16,8 @@ using automation::Object;
 using win32::ComPtr;
 
 const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator", u"QuorelUtility.NameEdit",
-                                          u"QuorelUtility.MatrixBrowser", u"QuorelUtility.SixPane"};
+                                          u"QuorelUtility.MatrixBrowser", u"QuorelUtility.PropertyEditor",
+                                          u"QuorelUtility.SixPane"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
@@ -47,7 +48,7 @@ TEST_F(Registration, MakesTheClassesKnown) {
         EXPECT_TRUE(win32::createPlatformObject(std::u16string(progId) + u".1"));
     }
     EXPECT_TRUE(isLibraryRegistered());
-    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.MatrixBrowser"));
+    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.Explorer"));
     EXPECT_EQ(dll.unregisterServer(), S_OK);
     EXPECT_EQ(dll.unregisterServer(), S_OK);
 }
