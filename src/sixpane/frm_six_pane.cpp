@@ -224,10 +224,13 @@ void frmSixPane::place() {
     for (std::size_t i = 0; i < kCommandCount; ++i)
         commands_[i]->setBounds(layout.commands[i]);
     statusBar_->setBounds(layout.statusBar);
+    std::array<Twips, kPaneCount> wanted;
+    for (std::size_t i = 0; i < kPaneCount; ++i)
+        wanted[i] = desktop().textSize(std::u16string(kPanes[i].counted) + u": 000000").width;
+    const std::array<Twips, kPaneCount> widths = sharePanels(clientSize().width, wanted);
     std::vector<ui::StatusBar::PanelState> panels;
-    for (const PaneTraits& traits : kPanes)
-        panels.push_back(
-            {countText(traits.pane), clientSize().width / static_cast<std::int32_t>(kPaneCount)});
+    for (std::size_t i = 0; i < kPaneCount; ++i)
+        panels.push_back({countText(kPanes[i].pane), widths[i]});
     statusBar_->setPanels(std::move(panels));
 }
 

@@ -110,6 +110,16 @@ SixPaneLayout layoutSixPane(Size client, Twips lineHeight, const Splits& splits)
     return layout;
 }
 
+std::array<Twips, kPaneCount> sharePanels(Twips width, const std::array<Twips, kPaneCount>& wanted) noexcept {
+    std::int64_t all = 0;
+    for (const Twips each : wanted)
+        all += each.value;
+    std::array<Twips, kPaneCount> widths{};
+    for (std::size_t i = 0; i < kPaneCount && all > 0; ++i)
+        widths[i] = {static_cast<std::int32_t>(wanted[i].value * std::int64_t{width.value} / all)};
+    return widths;
+}
+
 Size leastSixPaneSize(Twips lineHeight) noexcept {
     return {kLeastPaneWidth * 3 + kSplitter * 2 + kMargin * 2,
             kLeastPaneHeight * 2 + kSplitter + kMargin + lineHeight + kStatusPadding};

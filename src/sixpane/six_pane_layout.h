@@ -32,6 +32,10 @@ struct SixPaneLayout {
 [[nodiscard]] SixPaneLayout layoutSixPane(ui::Size client, ui::Twips lineHeight,
                                           const Splits& splits) noexcept;
 
+/// The widths of the status line's panels: what each wants, and the rest, or what is missing, in proportion.
+[[nodiscard]] std::array<ui::Twips, kPaneCount> sharePanels(
+    ui::Twips width, const std::array<ui::Twips, kPaneCount>& wanted) noexcept;
+
 [[nodiscard]] ui::Size leastSixPaneSize(ui::Twips lineHeight) noexcept;
 
 /// The splits after a column splitter was dragged so that its left edge is at `left`.

@@ -112,6 +112,14 @@ TEST(SixPaneLayout, DraggingStopsWhereAPaneWouldVanish) {
                 layoutSixPane(kClient, kLine, {}).columnSplitters[1].left.value, 2);
 }
 
+TEST(SixPaneLayout, StatusPanelsShareTheWidthByWhatTheyWant) {
+    const std::array<Twips, kPaneCount> wanted{2000_tw, 1000_tw, 1000_tw, 1000_tw, 2000_tw, 1000_tw};
+    EXPECT_EQ(sharePanels(16000_tw, wanted),
+              (std::array<Twips, kPaneCount>{4000_tw, 2000_tw, 2000_tw, 2000_tw, 4000_tw, 2000_tw}));
+    EXPECT_EQ(sharePanels(4000_tw, wanted)[0], 1000_tw);
+    EXPECT_EQ(sharePanels(4000_tw, {})[0], 0_tw);
+}
+
 TEST(SixPaneLayout, NothingTurnsNegativeInATinyWindow) {
     for (const Size client : {Size{0_tw, 0_tw}, Size{100_tw, 100_tw}, Size{3000_tw, 1000_tw}})
         for (const Rect& rect : allOf(layoutSixPane(client, kLine, {}))) {
