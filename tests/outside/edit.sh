@@ -67,7 +67,7 @@ all_is_deleted() {
     expect "the link is gone" pane_lacks Link 'Emily Example->'
     expect "the author is chosen again" click_on frmSixPane SourceNode 'Emily Example'
     press_button DeleteSourceNode
-    expect "the author is gone" pane_lacks SourceNode Emily
+    expect "the author is gone" pane_lacks SourceNode 'Emily Example'
     expect "the book is chosen again" choose frmSixPane TargetNode 'An Example'
     xdotool key Delete
     sleep 0.5

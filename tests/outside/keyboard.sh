@@ -52,9 +52,11 @@ edit_by_keyboard() {
     answer frmNameEdit 'By keyboard' Return
     expect "Ins has made a node" selected_in SourceNode 'By keyboard'
     xdotool key Return
-    expect "Enter shows the properties" spy "NodeEdit" wait 2
+    expect "Enter shows the properties" spy NodeEdit wait 2
     xdotool key Escape
-    expect "Esc closes them" spy "NodeEdit" gone 2
+    expect "Esc closes them" spy NodeEdit gone 2
+    expect "the list has the keyboard again" focus_is frmSixPane SourceNode
+    sleep 0.5
     xdotool key Delete
     expect "Del deletes the node" pane_lacks SourceNode 'By keyboard'
     xdotool key F5
