@@ -55,9 +55,57 @@ drive_browser() {
     show_pane SourceNode
     picture 5-filter
     xdotool key Escape
+    edit_in_browser
     say "Alt+F4 closes the window, and the host ends"
     xdotool key alt+F4
     spy frmSixPane gone 20 || fail "the window did not close"
+}
+
+# name_it TEXT: what the name dialog asks for.
+name_it() {
+    spy frmNameEdit wait 10 || fail "the name dialog did not appear"
+    sleep 0.5
+    xdotool type --delay 40 "$1"
+    sleep 0.3
+}
+
+confirm_name() {
+    xdotool key Return
+    spy frmNameEdit gone 10 || fail "the name dialog did not close"
+}
+
+edit_in_browser() {
+    say "Two new packages, by button and by key, and a link between them"
+    click_on frmSixPane NewSourceNode
+    name_it my-program
+    picture 6-new-node
+    confirm_name
+    click_on frmSixPane TargetNode
+    xdotool key Insert
+    name_it my-library
+    confirm_name
+    click_on frmSixPane NewLink
+    name_it ''
+    picture 7-new-link
+    confirm_name
+    show_selected SourceNode Link TargetNode
+    picture 8-linked
+    say "The link is deleted, then both packages"
+    click_on frmSixPane DeleteLink
+    picture 9-link-deleted
+    click_on frmSixPane DeleteSourceNode
+    picture 10-source-deleted
+    click_on frmSixPane DeleteTargetNode
+    picture 11-all-deleted
+    show_selected SourceNode Link TargetNode
+}
+
+# show_selected CONTROL...: the count and the selected row of each.
+show_selected() {
+    local control
+    for control in "$@"; do
+        printf '   %-11s %s\n' "$control" "$(spy frmSixPane rows "$control" 60 | sed -n '1p; /^\*/p' | tr '\n\t' '  ')"
+    done
 }
 
 demo_host() {
