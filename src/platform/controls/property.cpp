@@ -84,13 +84,7 @@ Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDi
         editor->onLostFocus.connect([this] { editorLost(); });
     }
     searchBox_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInSearch(event); });
-    searchBox_->onChange.connect([this] {
-        act([this] {
-            endEdit();
-            lines_.setSearch(searchBox_->text());
-            rearrange();
-        });
-    });
+    searchBox_->onChange.connect([this] { search(); });
     list_->setSource(this);
     list_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInList(event); });
     list_->onSelect.connect([this] {
@@ -187,6 +181,14 @@ void Property::toggleHeading(std::size_t line) {
     lines_.toggle(lines_[line].category);
     rearrange();
     list_->selectRow(line);
+}
+
+void Property::search() {
+    act([this] {
+        endEdit();
+        lines_.setSearch(searchBox_->text());
+        rearrange();
+    });
 }
 
 std::optional<std::size_t> Property::find(std::u16string_view text, std::size_t start) {

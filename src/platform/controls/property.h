@@ -139,6 +139,8 @@ class Property : public ui::Panel, private ui::RowSource {
     void showDescription();
     [[nodiscard]] Item selectedItem() const;
     void toggleHeading(std::size_t line);
+    /// Shows the lines that the text in the search box lets through.
+    void search();
     /// The line, from `start` on and round to it, whose name begins so.
     [[nodiscard]] std::optional<std::size_t> find(std::u16string_view text, std::size_t start);
 

@@ -107,12 +107,14 @@ void Property::pressDefault() {
 
 void Property::keyInSearch(ui::KeyEvent& event) {
     event.handled = true;
-    if (event.chord == KeyChord{Key::Escape} && !searchBox_->text().empty())
-        searchBox_->userTyped(u"");
-    else if (event.chord == KeyChord{Key::Down} || event.chord == KeyChord{Key::Enter})
+    if (event.chord == KeyChord{Key::Escape} && !searchBox_->text().empty()) {
+        searchBox_->setText(u"");
+        search();
+    } else if (event.chord == KeyChord{Key::Down} || event.chord == KeyChord{Key::Enter}) {
         list_->focus();
-    else
+    } else {
         event.handled = false;
+    }
 }
 
 void Property::keyInEditor(ui::KeyEvent& event) {

@@ -56,6 +56,7 @@ void Property::beginEdit(std::size_t line) {
         if (!lines_.lineOf(item) || !model_.isEditable(*item))
             return;
         list_->selectRow(lines_.lineOf(item));
+        showDescription();
         const EditorKind kind = item->kind();
         const bool wanted = model_.beginEdit(item);
         if (wanted && !isEditing() && lines_.lineOf(item))

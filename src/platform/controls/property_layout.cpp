@@ -17,6 +17,8 @@ constexpr std::int32_t kDescriptionLines = 3;
 /// As many rows stay visible before the description gets any room.
 constexpr std::int32_t kLeastRows = 4;
 constexpr Twips kButtonWidth = 375_tw;
+/// Brings the description under the text of the list.
+constexpr Twips kTextInset = 90_tw;
 
 [[nodiscard]] Twips positive(Twips length) {
     return std::max(length, 0_tw);
@@ -35,11 +37,12 @@ PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept {
     const Rect list{0_tw, listTop, width, height - listTop - below};
     const Twips titleTop = list.bottom() + std::min(kGap, below);
     const Twips titleHeight = below == 0_tw ? 0_tw : lineHeight;
-    const Rect title{0_tw, titleTop, width, titleHeight};
+    const Twips inset = std::min(kTextInset, width / 2);
+    const Rect title{inset, titleTop, width - inset * 2, titleHeight};
     return {{0_tw, 0_tw, width, searchHeight},
             list,
             title,
-            {0_tw, title.bottom(), width, positive(height - title.bottom())}};
+            {inset, title.bottom(), title.width, positive(height - title.bottom())}};
 }
 
 EditorLayout layoutEditor(const ui::Rect& cell, const ui::Rect& list, ui::Twips lineHeight,

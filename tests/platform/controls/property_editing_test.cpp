@@ -87,6 +87,7 @@ TEST_F(PropertyTest, TabGoesOnToTheNextValueAndShiftTabBack) {
     EXPECT_EQ(grid->list().selectedRow(), 2U) << "what is read-only is passed over";
     EXPECT_EQ(box().text(), u"0.5");
     EXPECT_EQ(cell(0), u"Persuasion");
+    EXPECT_EQ(headless::get<ui::Label>(*form, u"Property1.Title").text(), u"Weight (Double)");
     press(Key::Tab, Modifiers::Shift);
     EXPECT_EQ(box().text(), u"Persuasion");
     press(Key::Tab, Modifiers::Shift);

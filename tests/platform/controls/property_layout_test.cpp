@@ -21,8 +21,8 @@ TEST(PropertyLayout, SearchOverListOverDescription) {
     const PropertyLayout layout = layoutProperty({6000_tw, 6000_tw}, kLine);
     EXPECT_EQ(layout.searchBox, (Rect{0_tw, 0_tw, 6000_tw, 345_tw}));
     EXPECT_EQ(layout.list, (Rect{0_tw, 405_tw, 6000_tw, 4575_tw}));
-    EXPECT_EQ(layout.title, (Rect{0_tw, 5040_tw, 6000_tw, 240_tw}));
-    EXPECT_EQ(layout.description, (Rect{0_tw, 5280_tw, 6000_tw, 720_tw}));
+    EXPECT_EQ(layout.title, (Rect{90_tw, 5040_tw, 5820_tw, 240_tw}));
+    EXPECT_EQ(layout.description, (Rect{90_tw, 5280_tw, 5820_tw, 720_tw}));
 }
 
 TEST(PropertyLayout, DescriptionGivesWayToTheList) {
