@@ -46,7 +46,7 @@ frmMatrixBrowser::frmMatrixBrowser(const frame::Environment& environment)
       lists_{&sourceInstanceList_, &targetInstanceList_, &metaLinkListIncoming_, &metaLinkListOutgoing_,
              &sourceMetaNodeList_} {
     setText(u"Navigator");
-    targetInstanceLabel_.setText(u"&Target instances");
+    targetInstanceLabel_.setText(kTargetsCaption);
     buildMenus();
     buildListMenus();
     connectLists();
@@ -98,6 +98,7 @@ void frmMatrixBrowser::Deinit() {
         showTravel();
         for (controls::ListView* const list : lists_)
             list->empty();
+        targetInstanceLabel_.setText(kTargetsCaption);
     });
 }
 

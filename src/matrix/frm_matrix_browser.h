@@ -90,6 +90,7 @@ class frmMatrixBrowser final : public ui::Form {
 
   private:
     class FillProgress;
+    static constexpr std::u16string_view kTargetsCaption = u"&Target instances";
 
     // Event handlers. The key of the row is not looked at: what counts is the selected object.
     void Form_Load();
@@ -126,6 +127,8 @@ class frmMatrixBrowser final : public ui::Form {
     void clickedMetaLink(controls::ListView& clicked, bool outgoing, std::u16string_view label);
     void fillTargets(const automation::Object& instance, const automation::Object& metaLink,
                      std::u16string_view label);
+    /// Says above the targets along which meta link they are.
+    void showTargetsOf(std::u16string_view metaLink);
     void navigateTo(const automation::Object& node);
     void showCounts();
 

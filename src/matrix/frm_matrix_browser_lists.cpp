@@ -4,6 +4,7 @@
 #include "platform/automation/error.h"
 #include "platform/automation/text.h"
 #include "platform/controls/cell_text.h"
+#include "platform/ui/access_key.h"
 
 namespace quorel::matrix {
 
@@ -89,6 +90,7 @@ void frmMatrixBrowser::Init_lists() {
     procedure(u"Init_lists", [this] {
         for (ListView* const list : lists_)
             list->clearRows();
+        targetInstanceLabel_.setText(kTargetsCaption);
         setListColours();
         sourceMetaNodeList_.fillWithMetaNodes(Object(repository_), true);
         addMetaLinkColumns();
@@ -167,12 +169,19 @@ void frmMatrixBrowser::SetTargetColumns(const Object& metaLink, bool outgoing) {
 void frmMatrixBrowser::fillTargets(const Object& instance, const Object& metaLink,
                                    std::u16string_view label) {
     targetsFilledBy_ = label;
+    showTargetsOf(controls::valueText(metaLink.get(u"name")));
     FillProgress progress(*this, 1);
     if (outgoing_)
         targetInstanceList_.fillWithOutgoingLinks(instance, metaLink);
     else
         targetInstanceList_.fillWithIncomingLinks(instance, metaLink);
     progress.filled();
+}
+
+/// The columns of the meta links are narrow, and the targets outlive the choice that they came from.
+void frmMatrixBrowser::showTargetsOf(std::u16string_view metaLink) {
+    targetInstanceLabel_.setText(std::u16string(kTargetsCaption) + u": " + ui::escapedForCaption(metaLink) +
+                                 (outgoing_ ? u" (outgoing)" : u" (incoming)"));
 }
 
 void frmMatrixBrowser::SourceInstanceList_Click(std::u16string_view) {

@@ -51,7 +51,7 @@ TEST_F(MatrixBrowsing, NoRowIsAskedBeforeItIsSeen) {
     EXPECT_EQ(model.script->log,
               (Texts{u"WorksFor.target", u"Company.Properties", u"Company.Properties.enumerate",
                      u"Company.Properties.next", u"property.name", u"property.name", u"WorksFor.name",
-                     u"id1.Outgoing_", u"id1.Outgoing_.enumerate", u"id1.Outgoing_.next"}));
+                     u"WorksFor.name", u"id1.Outgoing_", u"id1.Outgoing_.enumerate", u"id1.Outgoing_.next"}));
 }
 
 TEST_F(MatrixBrowsing, OutgoingLinksShowTheTargetsProperties) {
@@ -63,6 +63,21 @@ TEST_F(MatrixBrowsing, OutgoingLinksShowTheTargetsProperties) {
     const std::vector<ui::Column>& columns = list(u"TargetInstanceList").list().columns();
     EXPECT_EQ(columns[1].width, ui::Twips{1000});
     EXPECT_EQ(columns[2].width, ui::Twips{1000});
+}
+
+TEST_F(MatrixBrowsing, TheLabelSaysAlongWhichMetaLinkTheTargetsAre) {
+    const auto& label = headless::get<ui::Label>(*form, u"TargetInstanceLabel");
+    EXPECT_EQ(label.text(), u"&Target instances");
+    clickType(kPerson);
+    clickInstance(kAnna);
+    clickOutgoing(kWorksFor);
+    EXPECT_EQ(label.text(), u"&Target instances: WorksFor (outgoing)");
+    clickIncoming(kFirst);
+    EXPECT_EQ(label.text(), u"&Target instances: Knows (incoming)");
+    clickType(kCity);
+    EXPECT_EQ(label.text(), u"&Target instances: Knows (incoming)") << "the targets are still those";
+    form->SetRepository(model.repository);
+    EXPECT_EQ(label.text(), u"&Target instances");
 }
 
 TEST_F(MatrixBrowsing, IncomingLinksHaveTheColumnsOfTheTargetToo) {
