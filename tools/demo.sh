@@ -119,7 +119,8 @@ demo_in_virtual_display() {
     host=$!
     drive_browser || status=$?
     wait "$host" || status=$?
-    return "$status"
+    [[ $status == 0 ]] || return "$status"
+    demo_matrix
 }
 
 run_demo() {

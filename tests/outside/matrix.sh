@@ -6,7 +6,7 @@ matrix_holds() { spy frmMatrixBrowser rows "$1" 60 | grep -qE "$2"; }
 matrix_counts() { [[ $(spy frmMatrixBrowser rows "$1" 0 | head -n 1) == "$2 rows" ]]; }
 matrix_selected() { [[ $(spy frmMatrixBrowser rows "$1" 60 | grep '^\*' | cut -f2) == "$2" ]]; }
 matrix_row() { spy frmMatrixBrowser rows "$1" 60 | sed -n "$(($2 + 2))p" | cut -f2; }
-something_selected() { [[ -n $(spy frmMatrixBrowser rows "$1" 60 | grep '^\*') ]]; }
+something_selected() { spy frmMatrixBrowser rows "$1" 60 | grep -q '^\*'; }
 
 # Two clicks with the left button where the row is.
 double_click_on() { # CONTROL ROW
