@@ -7,6 +7,7 @@
 #include "platform/automation/calls.h"
 #include "platform/automation/error.h"
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_object.h"
 #include "platform/win32/com/failures.h"
 #include "platform/win32/system_error.h"
 
@@ -18,32 +19,13 @@ constexpr const wchar_t* kHostName = L"WScript";
 }  // namespace
 
 /// What the engine asks of its host.
-class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindow {
+class ScriptSite final : public win32::ComObject<IActiveScriptSite, IActiveScriptSiteWindow> {
   public:
     explicit ScriptSite(const std::u16string& file) : file_(file) {}
 
     void setHost(IDispatch* host) { host_ = win32::ComPtr<IDispatch>(host); }
     /// The error told of last. It is the script's end only when the script itself fails.
     [[nodiscard]] const std::u16string& lastError() const noexcept { return lastError_; }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = nullptr;
-        if (iid == IID_IUnknown || iid == IID_IActiveScriptSite)
-            *result = static_cast<IActiveScriptSite*>(this);
-        else if (iid == IID_IActiveScriptSiteWindow)
-            *result = static_cast<IActiveScriptSiteWindow*>(this);
-        else
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
-    }
 
     STDMETHODIMP GetLCID(LCID* lcid) override {
         *lcid = ::GetUserDefaultLCID();
@@ -81,12 +63,9 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteWindo
     STDMETHODIMP EnableModeless(BOOL) override { return S_OK; }
 
   private:
-    virtual ~ScriptSite() = default;
-
     std::u16string file_;
     win32::ComPtr<IDispatch> host_;
     std::u16string lastError_;
-    ULONG count_ = 0;
 };
 
 namespace {
@@ -124,7 +103,7 @@ void letGoOfVariables(IActiveScript& engine) {
 }  // namespace
 
 ScriptEngine::ScriptEngine(const wchar_t* language, std::u16string file)
-    : file_(std::move(file)), site_(new ScriptSite(file_)) {
+    : file_(std::move(file)), site_(win32::makeCom<ScriptSite>(file_)) {
     CLSID clsid;
     win32::check(::CLSIDFromProgID(language, &clsid), u"finding the script engine");
     win32::check(

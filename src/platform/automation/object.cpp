@@ -55,13 +55,6 @@ Object::Object(NativeObject* native) noexcept : binding_(&kNativeBinding), insta
         native->addRef();
 }
 
-Object Object::adopt(const Binding& binding, void* instance) noexcept {
-    Object object;
-    object.binding_ = &binding;
-    object.instance_ = instance;
-    return object;
-}
-
 Object Object::share(const Binding& binding, void* instance) noexcept {
     if (instance != nullptr)
         binding.addRef(instance);

@@ -58,7 +58,7 @@ class Object {
     Object(std::nullptr_t) noexcept {}  // NOLINT(google-explicit-constructor): null is an object reference
     Object(NativeObject* native) noexcept;  // NOLINT(google-explicit-constructor)
     /// Takes over one count that the caller holds.
-    static Object adopt(const Binding& binding, void* instance) noexcept;
+    static Object adopt(const Binding& binding, void* instance) noexcept { return {binding, instance}; }
     /// Adds a count of its own.
     static Object share(const Binding& binding, void* instance) noexcept;
 
@@ -124,6 +124,7 @@ class Object {
     }
 
   private:
+    Object(const Binding& binding, void* instance) noexcept : binding_(&binding), instance_(instance) {}
     [[noreturn]] static void raiseNotSet();
 
     const Binding* binding_ = nullptr;

@@ -86,8 +86,11 @@ class Value {
     Value& operator=(Value&& other) noexcept {
         if (this == &other)
             return *this;
-        if (stored_ > Stored::Adopted) {
-            // Let go last: an object that ends may come back to this very value.
+        // What is held is let go last: an object that ends may come back to this very value.
+        if (stored_ == Stored::Object && other.stored_ == Stored::Object) {
+            data_.object = std::move(other.data_.object);
+            other.stored_ = Stored::Empty;
+        } else if (stored_ > Stored::Adopted) {
             const Value old(std::move(*this));
             take(other);
         } else {

@@ -5,6 +5,7 @@
 
 #include "platform/automation/native_object.h"
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_object.h"
 #include "platform/win32/com/failures.h"
 #include "platform/win32/com/native_dispatch.h"
 #include "platform/win32/com/registration.h"
@@ -13,27 +14,10 @@ namespace quorel::win32 {
 
 namespace {
 
-class ClassObject final : public IClassFactory {
+class ClassObject final : public ComObject<IClassFactory> {
   public:
     explicit ClassObject(const ComClass& entry) noexcept : entry_(entry) { countOutside(1); }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        if (result == nullptr)
-            return E_POINTER;
-        *result = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IClassFactory)
-            return E_NOINTERFACE;
-        AddRef();
-        *result = static_cast<IClassFactory*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(::InterlockedIncrement(&count_)); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const LONG left = ::InterlockedDecrement(&count_);
-        if (left == 0)
-            delete this;
-        return static_cast<ULONG>(left);
-    }
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) override {
         if (result == nullptr)
             return E_POINTER;
@@ -53,10 +37,9 @@ class ClassObject final : public IClassFactory {
     }
 
   private:
-    virtual ~ClassObject() { countOutside(-1); }
+    ~ClassObject() override { countOutside(-1); }
 
     const ComClass& entry_;
-    LONG count_ = 0;
 };
 
 template <class Action>
@@ -79,7 +62,7 @@ HRESULT ComModule::getClassObject(REFCLSID clsid, REFIID iid, void** object) con
     *object = nullptr;
     for (const ComClass& entry : classes_) {
         if (entry.clsid == clsid) {
-            const ComPtr<IClassFactory> factory(new (std::nothrow) ClassObject(entry));
+            const auto factory = ComPtr<IClassFactory>::adopt(new (std::nothrow) ClassObject(entry));
             return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
         }
     }

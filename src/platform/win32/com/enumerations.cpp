@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_object.h"
 #include "platform/win32/com/failures.h"
 #include "platform/win32/com/native_dispatch.h"
 #include "platform/win32/com/variants.h"
@@ -50,29 +51,11 @@ class ForeignEnumerator final : public Enumerator {
 
 static_assert(sizeof(Variant) == sizeof(VARIANT), "a batch of variants is an array of the platform's");
 
-class NativeEnumeration final : public IEnumVARIANT {
+class NativeEnumeration final : public ComObject<IEnumVARIANT> {
   public:
     explicit NativeEnumeration(Object collection)
         : collection_(std::move(collection)), enumerator_(collection_.enumerate()) {
         countOutside(1);
-    }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        if (result == nullptr)
-            return E_POINTER;
-        *result = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT)
-            return E_NOINTERFACE;
-        AddRef();
-        *result = static_cast<IEnumVARIANT*>(this);
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
     }
 
     STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override {
@@ -116,7 +99,7 @@ class NativeEnumeration final : public IEnumVARIANT {
             return E_POINTER;
         *clone = nullptr;
         try {
-            const ComPtr<NativeEnumeration> copy(new NativeEnumeration(collection_));
+            const auto copy = makeCom<NativeEnumeration>(collection_);
             copy->skip(position_);
             *clone = ComPtr<IEnumVARIANT>(copy.get()).detach();
             return S_OK;
@@ -126,7 +109,7 @@ class NativeEnumeration final : public IEnumVARIANT {
     }
 
   private:
-    virtual ~NativeEnumeration() { countOutside(-1); }
+    ~NativeEnumeration() override { countOutside(-1); }
 
     void fill(std::span<VARIANT> values, ULONG& filled) {
         while (filled < values.size()) {
@@ -157,7 +140,6 @@ class NativeEnumeration final : public IEnumVARIANT {
     std::unique_ptr<Enumerator> enumerator_;
     std::array<Value, 64> batch_;
     std::uint64_t position_ = 0;
-    ULONG count_ = 0;
 };
 
 }  // namespace
@@ -167,7 +149,7 @@ std::unique_ptr<Enumerator> enumeratorOver(ComPtr<IEnumVARIANT> items) {
 }
 
 ComPtr<IEnumVARIANT> enumerationOf(const Object& collection) {
-    return ComPtr<IEnumVARIANT>(new NativeEnumeration(collection));
+    return ComPtr<IEnumVARIANT>::adopt(makeCom<NativeEnumeration>(collection).detach());
 }
 
 }  // namespace quorel::win32

@@ -8,6 +8,7 @@
 #include "platform/automation/error.h"
 #include "platform/automation/text.h"
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_object.h"
 #include "platform/win32/com/enumerations.h"
 #include "platform/win32/com/failures.h"
 #include "platform/win32/com/host_call.h"
@@ -47,32 +48,20 @@ class PlainDispatch final : public DualDispatch<IDispatch> {
 };
 
 /// Says of every interface of the wrapper that its failures come with an IErrorInfo.
-class ErrorSupport final : public ISupportErrorInfo {
+class ErrorSupport final : public ComObject<ISupportErrorInfo> {
   public:
     explicit ErrorSupport(IDispatch* owner) : owner_(owner) { countOutside(1); }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        if (result != nullptr && iid == IID_ISupportErrorInfo) {
-            AddRef();
-            *result = static_cast<ISupportErrorInfo*>(this);
-            return S_OK;
-        }
-        return owner_->QueryInterface(iid, result);
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
+        return iid == IID_ISupportErrorInfo ? ComObject::QueryInterface(iid, result)
+                                            : owner_->QueryInterface(iid, result);
     }
     STDMETHODIMP InterfaceSupportsErrorInfo(REFIID) override { return S_OK; }
 
   private:
-    virtual ~ErrorSupport() { countOutside(-1); }
+    ~ErrorSupport() override { countOutside(-1); }
 
     ComPtr<IDispatch> owner_;
-    ULONG count_ = 0;
 };
 
 bool answers(const MemberInfo& member, WORD flags) noexcept {
@@ -145,7 +134,6 @@ HRESULT NativeDispatch::query(REFIID iid, void** result) noexcept {
         auto* support = new (std::nothrow) ErrorSupport(dispatch());
         if (support == nullptr)
             return E_OUTOFMEMORY;
-        support->AddRef();
         *result = static_cast<ISupportErrorInfo*>(support);
         return S_OK;
     } else {
@@ -232,7 +220,7 @@ void wrapClassWith(const ClassTable& table, WrapperFactory factory) {
 }
 
 NativeObject* nativeBehind(IDispatch* dispatch) noexcept {
-    if (dispatch == nullptr || !isInThisModule(*reinterpret_cast<void**>(dispatch)))
+    if (dispatch == nullptr || isForeign(dispatch))
         return nullptr;
     void* wrapper = nullptr;
     if (FAILED(dispatch->QueryInterface(kWrapperItself, &wrapper)))

@@ -1,7 +1,5 @@
 #include "platform/win32/com/this_module.h"
 
-#include <cstdint>
-
 #include "platform/win32/text.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;  // the linker's symbol for the start of the image
@@ -15,21 +13,13 @@ std::uintptr_t sizeOfImage(std::uintptr_t base) noexcept {
     return reinterpret_cast<const IMAGE_NT_HEADERS*>(headers)->OptionalHeader.SizeOfImage;
 }
 
-struct ImageRange {
-    std::uintptr_t start = reinterpret_cast<std::uintptr_t>(&__ImageBase);
-    std::uintptr_t size = sizeOfImage(start);
-};
-
-const ImageRange range;
-
 }  // namespace
+
+const ImageRange thisImage{reinterpret_cast<std::uintptr_t>(&__ImageBase),
+                           sizeOfImage(reinterpret_cast<std::uintptr_t>(&__ImageBase))};
 
 HMODULE thisModule() noexcept {
     return reinterpret_cast<HMODULE>(&__ImageBase);
-}
-
-bool isInThisModule(const void* address) noexcept {
-    return reinterpret_cast<std::uintptr_t>(address) - range.start < range.size;
 }
 
 std::wstring thisModulePath() {

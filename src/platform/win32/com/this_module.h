@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,8 +10,16 @@ namespace quorel::win32 {
 
 /// The DLL or program that this code is linked into.
 [[nodiscard]] HMODULE thisModule() noexcept;
-/// Whether an address lies in its image.
-[[nodiscard]] bool isInThisModule(const void* address) noexcept;
+struct ImageRange {
+    std::uintptr_t start;
+    std::uintptr_t size;
+};
+/// Where its image lies.
+extern const ImageRange thisImage;
+/// Whether an address lies in its image. Asked for every object of a collection.
+[[nodiscard]] inline bool isInThisModule(const void* address) noexcept {
+    return reinterpret_cast<std::uintptr_t>(address) - thisImage.start < thisImage.size;
+}
 /// Its file name without folder and extension, e.g. u"QuorelUtility".
 [[nodiscard]] std::u16string_view thisModuleName();
 /// Its whole path.

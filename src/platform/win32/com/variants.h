@@ -6,24 +6,36 @@
 #include <windows.h>
 
 #include "platform/automation/value.h"
+#include "platform/win32/com/bridge.h"
 #include "platform/win32/com/com_ptr.h"
+#include "platform/win32/com/this_module.h"
 
 namespace quorel::win32 {
 
 /// Frees the platform's strings that values have adopted; its address tells them from other texts.
 void freeText(char16_t* text) noexcept;
 
-/// `takeVariant` for what is no string.
+/// An object whose code is another module's cannot be one of ours.
+[[nodiscard]] inline bool isForeign(IDispatch* dispatch) noexcept {
+    return dispatch != nullptr && !isInThisModule(*reinterpret_cast<void**>(dispatch));
+}
+
+/// `takeVariant` for what is no string and no object of another module.
 [[nodiscard]] automation::Value takeOther(VARIANT& variant);
 
 /// As `fromVariant`, but takes over what `variant` holds where that saves a copy; `variant` is empty
 /// afterwards.
 [[nodiscard]] inline automation::Value takeVariant(VARIANT& variant) {
-    if (V_VT(&variant) != VT_BSTR)
-        return takeOther(variant);
-    V_VT(&variant) = VT_EMPTY;
-    BSTR const text = V_BSTR(&variant);
-    return automation::AdoptedText(reinterpret_cast<char16_t*>(text), viewOf(text).size(), freeText);
+    if (V_VT(&variant) == VT_BSTR) {
+        V_VT(&variant) = VT_EMPTY;
+        BSTR const text = V_BSTR(&variant);
+        return automation::AdoptedText(reinterpret_cast<char16_t*>(text), viewOf(text).size(), freeText);
+    }
+    if (V_VT(&variant) == VT_DISPATCH && isForeign(V_DISPATCH(&variant))) {
+        V_VT(&variant) = VT_EMPTY;
+        return automation::Object::adopt(foreignBinding(), V_DISPATCH(&variant));
+    }
+    return takeOther(variant);
 }
 
 /// Follows references (VT_BYREF) of every kind and stores `value` in what they lead to, converted to its

@@ -26,26 +26,12 @@ std::vector<Value> numbers(std::int32_t count) {
 }
 
 /// A collection of somebody else's that answers `For Each`, and counts how it is read.
-class FakeItems final : public IEnumVARIANT {
+class FakeItems final : public ComObject<IEnumVARIANT> {
   public:
     FakeItems(std::vector<ComPtr<IDispatch>> items, int failAfter = -1)
         : items_(std::move(items)), failAfter_(failAfter) {}
     int calls = 0;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = iid == IID_IUnknown || iid == IID_IEnumVARIANT ? this : nullptr;
-        if (*result == nullptr)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override {
         ++calls;
         if (failAfter_ >= 0 && position_ >= static_cast<std::size_t>(failAfter_))
@@ -63,11 +49,9 @@ class FakeItems final : public IEnumVARIANT {
     STDMETHODIMP Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
 
   private:
-    virtual ~FakeItems() = default;
     std::vector<ComPtr<IDispatch>> items_;
     int failAfter_;
     std::size_t position_ = 0;
-    ULONG count_ = 0;
 };
 
 Object collectionOf(const ComPtr<FakeItems>& items) {
@@ -149,7 +133,7 @@ TEST(Enumerations, ForeignCollectionsAreReadInBatches) {
         std::vector<ComPtr<IDispatch>> objects;
         for (int i = 0; i < 200; ++i)
             objects.emplace_back(fake().get());
-        const ComPtr<FakeItems> items(new FakeItems(objects));
+        const auto items = makeCom<FakeItems>(objects);
         std::size_t position = 0;
         for (const Object& object : automation::each(collectionOf(items)))
             EXPECT_EQ(object.identity(), objects[position++].get());
@@ -161,7 +145,7 @@ TEST(Enumerations, ForeignCollectionsAreReadInBatches) {
 
 TEST(Enumerations, AFailureInTheMiddleIsThrown) {
     std::vector<ComPtr<IDispatch>> objects(100, ComPtr<IDispatch>(fake().get()));
-    const ComPtr<FakeItems> items(new FakeItems(objects, 64));
+    const auto items = makeCom<FakeItems>(objects, 64);
     int seen = 0;
     const auto readAll = [&] {
         for ([[maybe_unused]] const Object& object : automation::each(collectionOf(items)))

@@ -7,12 +7,12 @@
 #include <map>
 #include <string>
 
-#include "platform/win32/com/com_ptr.h"
+#include "platform/win32/com/com_object.h"
 
 namespace quorel::win32::testing {
 
 /// Somebody else's object: what it answers is up to the test, and it counts how it is held.
-class FakeDispatch : public IDispatch {
+class FakeDispatch : public ComObject<IDispatch> {
   public:
     struct Call {
         DISPID id;
@@ -29,27 +29,12 @@ class FakeDispatch : public IDispatch {
         static int count = 0;
         return count;
     }
-    [[nodiscard]] ULONG count() const noexcept { return count_; }
+    [[nodiscard]] ULONG count() const noexcept { return references(); }
 
     std::map<std::wstring, DISPID> names;
     ComPtr<ITypeInfo> info;
     int namesAsked = 0;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IDispatch)
-            return E_NOINTERFACE;
-        *result = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         *count = info ? 1 : 0;
         return S_OK;
@@ -71,15 +56,14 @@ class FakeDispatch : public IDispatch {
     }
 
   protected:
-    virtual ~FakeDispatch() { --alive(); }
+    ~FakeDispatch() override { --alive(); }
 
   private:
     Handler handler_;
-    ULONG count_ = 0;
 };
 
 [[nodiscard]] inline ComPtr<FakeDispatch> fake(FakeDispatch::Handler handler = {}) {
-    return ComPtr<FakeDispatch>(new FakeDispatch(std::move(handler)));
+    return makeCom<FakeDispatch>(std::move(handler));
 }
 
 }  // namespace quorel::win32::testing

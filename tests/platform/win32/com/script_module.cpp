@@ -4,30 +4,17 @@
 
 #include "platform/automation/text.h"
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/com_object.h"
 #include "platform/win32/com/failures.h"
 
 namespace quorel::win32::testing {
 
 namespace {
 
-class Site final : public IActiveScriptSite {
+class Site final : public ComObject<IActiveScriptSite> {
   public:
     explicit Site(Errors errors) : errors_(errors) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        *result = iid == IID_IUnknown || iid == __uuidof(IActiveScriptSite) ? this : nullptr;
-        if (*result == nullptr)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --count_;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     STDMETHODIMP GetLCID(LCID* lcid) override {
         *lcid = LOCALE_USER_DEFAULT;
         return S_OK;
@@ -51,9 +38,7 @@ class Site final : public IActiveScriptSite {
     STDMETHODIMP OnLeaveScript() override { return S_OK; }
 
   private:
-    virtual ~Site() = default;
     Errors errors_;
-    ULONG count_ = 0;
 };
 
 }  // namespace
@@ -64,7 +49,7 @@ ScriptModule::ScriptModule(const wchar_t* language, const std::u16string& source
     EXPECT_EQ(
         ::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript), engine_.outVoid()),
         S_OK);
-    const ComPtr<IActiveScriptSite> site(new Site(errors));
+    const auto site = makeCom<Site>(errors);
     EXPECT_EQ(engine_->SetScriptSite(site.get()), S_OK);
     const auto parser = engine_.as<IActiveScriptParse>();
     EXPECT_EQ(parser->InitNew(), S_OK);

@@ -72,7 +72,7 @@ class GrowingDispatch final : public FakeDispatch {
 };
 
 TEST(TypeKeys, ObjectsThatGrowMembersProveNothing) {
-    const ComPtr<GrowingDispatch> object(new GrowingDispatch());
+    const auto object = makeCom<GrowingDispatch>();
     object->info = newTypeInfo();
     EXPECT_EQ(typeKeyOf(*object.get()), nullptr);
     EXPECT_EQ(typeKeyOf(*object.get()), nullptr);
