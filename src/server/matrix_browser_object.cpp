@@ -77,9 +77,8 @@ class MatrixBrowserObject final : public ServerObject<IMatrixBrowser, matrix::Ma
 }  // namespace
 
 win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry) {
-    return offer<MatrixBrowserObject>(
-        registry, __uuidof(::MatrixBrowser), u"QuorelUtility.MatrixBrowser",
-        u"Navigates from a node along the incoming or outgoing links of one kind to other nodes.");
+    return offer<MatrixBrowserObject>(registry, __uuidof(::MatrixBrowser), u"QuorelUtility.MatrixBrowser",
+                                      u"Navigates from a node along its links to other nodes.");
 }
 
 }  // namespace quorel::server
