@@ -16,8 +16,9 @@ using automation::ValueKind;
 
 namespace {
 
-constexpr std::array<std::u16string_view, 7> kNames{u"String", u"Integer",     u"Double", u"Boolean",
-                                                    u"Date",   u"Enumeration", u"Binary"};
+constexpr std::array<std::u16string_view, 11> kNames{u"String", u"Integer",     u"Double",   u"Boolean",
+                                                     u"Date",   u"Enumeration", u"Binary",   u"MultiLine",
+                                                     u"Colour", u"File",        u"Directory"};
 
 [[noreturn]] void refuse(const PropertyRecord& property) {
     throw failure(automation::error_number::kTypeMismatch, u"The property " + inQuotes(property.name) +
@@ -64,8 +65,12 @@ Value binary(const PropertyRecord& property, const Value& value) {
 Value converted(const PropertyRecord& property, const Value& value) {
     switch (property.type) {
         case DataType::String:
+        case DataType::MultiLine:
+        case DataType::File:
+        case DataType::Directory:
             return value.toString();
         case DataType::Integer:
+        case DataType::Colour:
             return value.toInteger();
         case DataType::Double:
             return number(property, value);

@@ -19,8 +19,21 @@ enum class DataType : std::uint8_t {
     Boolean = 3,
     Date = 4,
     Enumeration = 5,
-    Binary = 6
+    Binary = 6,
+    MultiLine = 7,  ///< a text of several lines
+    Colour = 8,     ///< the platform's integer: blue, green, red from the highest byte
+    File = 9,       ///< a file's name
+    Directory = 10  ///< a folder's name
 };
+
+/// The largest number; a file with a larger one was made by a newer program.
+inline constexpr std::int64_t kLastDataType = 10;
+
+/// Whether values of the type are texts; how they are edited is all that tells such types apart.
+[[nodiscard]] constexpr bool isText(DataType type) noexcept {
+    return type == DataType::String || type == DataType::Enumeration || type == DataType::MultiLine ||
+           type == DataType::File || type == DataType::Directory;
+}
 
 /// The name that `datatype` answers, e.g. "Enumeration".
 [[nodiscard]] std::u16string_view dataTypeName(DataType type) noexcept;

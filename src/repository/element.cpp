@@ -135,8 +135,7 @@ bool Element::search(const std::u16string& text) const {
         return true;
     type_->refresh(repository_->store());
     for (const PropertySlot& slot : type_->slots()) {
-        const bool isText = slot.record.type == DataType::String || slot.record.type == DataType::Enumeration;
-        if (slot.declared && isText && containsFolded(read(slot).toString(), folded))
+        if (slot.declared && isText(slot.record.type) && containsFolded(read(slot).toString(), folded))
             return true;
     }
     return false;

@@ -125,8 +125,10 @@ Object MetaObject::properties() {
 }
 
 Object MetaObject::makeMetaProperty(const std::u16string& name, const std::u16string& datatype,
-                                    const std::u16string& description, const Value& values) {
-    const PropertyRecord definition = definitionOf(name, datatype, description, values);
+                                    const std::u16string& description, const Value& values,
+                                    const std::u16string& category) {
+    PropertyRecord definition = definitionOf(name, datatype, description, values);
+    definition.category = category;
     TypeInfo& type = repository_->type(id());
     type.refresh(repository_->store());
     if (const PropertySlot* slot = type.find(name); slot != nullptr && slot->declared)
@@ -152,7 +154,7 @@ const ClassTable& MetaNode::classTable() const {
             .readOnly(u"Parent", &MetaNode::parent)
             .method(u"MakeMetaProperty", &MetaNode::makeMetaProperty,
                     {param(u"name"), param(u"datatype", u"String"), param(u"description", u""),
-                     param(u"values", Value())});
+                     param(u"values", Value()), param(u"category", u"")});
     return table;
 }
 
@@ -185,7 +187,7 @@ const ClassTable& MetaLink::classTable() const {
             .property(u"Description", &MetaLink::description, &MetaLink::setDescription)
             .method(u"MakeMetaProperty", &MetaLink::makeMetaProperty,
                     {param(u"name"), param(u"datatype", u"String"), param(u"description", u""),
-                     param(u"values", Value())});
+                     param(u"values", Value()), param(u"category", u"")});
     return table;
 }
 
@@ -221,6 +223,7 @@ const ClassTable& MetaProperty::classTable() const {
                                         .readOnly(u"datatype", &MetaProperty::dataType)
                                         .readOnly(u"Description", &MetaProperty::description)
                                         .readOnly(u"Values", &MetaProperty::values)
+                                        .readOnly(u"Category", &MetaProperty::category)
                                         .readOnly(u"Parent", &MetaProperty::parent);
     return table;
 }

@@ -26,9 +26,11 @@ class MetaObject : public automation::NativeObject, public Identified {
     [[nodiscard]] automation::Object parent() const { return automation::Object(repository_); }
     [[nodiscard]] automation::Object extension() const;
     [[nodiscard]] automation::Object properties();
-    /// Adds a property; `datatype` is a name of `DataType`, `values` an array of an enumeration's values.
+    /// Adds a property; `datatype` is a name of `DataType`, `values` an array of an enumeration's values,
+    /// `category` the group that editors show it in.
     automation::Object makeMetaProperty(const std::u16string& name, const std::u16string& datatype,
-                                        const std::u16string& description, const automation::Value& values);
+                                        const std::u16string& description, const automation::Value& values,
+                                        const std::u16string& category);
 
   protected:
     MetaObject(automation::Ref<Repository> repository, MetaId id);
@@ -66,6 +68,7 @@ class MetaProperty final : public automation::NativeObject, public Identified {
     [[nodiscard]] std::u16string name() const { return slot_->record.name; }
     [[nodiscard]] std::u16string dataType() const;
     [[nodiscard]] std::u16string description() const { return slot_->record.description; }
+    [[nodiscard]] std::u16string category() const { return slot_->record.category; }
     /// The values of an enumeration as an array of strings; an empty array for other types.
     [[nodiscard]] automation::Value values() const;
     [[nodiscard]] automation::Object parent() const { return automation::Object(owner_); }

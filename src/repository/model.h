@@ -40,6 +40,7 @@ struct PropertyRecord {
     DataType type = DataType::String;
     std::u16string description;
     std::vector<std::u16string> values;  ///< of an enumeration, in their order
+    std::u16string category{};           ///< the group that editors show it in; may be empty
 };
 
 struct RepositoryProperty {

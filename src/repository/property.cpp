@@ -12,6 +12,7 @@ const automation::ClassTable& Property::classTable() const {
                                                     .readOnly(u"datatype", &Property::dataType)
                                                     .readOnly(u"Description", &Property::description)
                                                     .readOnly(u"Values", &Property::values)
+                                                    .readOnly(u"Category", &Property::category)
                                                     .readOnly(u"Parent", &Property::parent);
     return table;
 }

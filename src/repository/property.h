@@ -17,6 +17,7 @@ class Property : public automation::NativeObject {
     [[nodiscard]] virtual std::u16string dataType() const = 0;
     [[nodiscard]] virtual std::u16string description() const = 0;
     [[nodiscard]] virtual automation::Value values() const = 0;
+    [[nodiscard]] virtual std::u16string category() const = 0;
     [[nodiscard]] virtual automation::Object parent() const = 0;
     [[nodiscard]] virtual automation::Value value() const = 0;
     virtual void setValue(const automation::Value& value) = 0;
@@ -31,6 +32,7 @@ class ElementProperty final : public Property {
     [[nodiscard]] std::u16string dataType() const override;
     [[nodiscard]] std::u16string description() const override { return slot_->record.description; }
     [[nodiscard]] automation::Value values() const override;
+    [[nodiscard]] std::u16string category() const override { return slot_->record.category; }
     [[nodiscard]] automation::Object parent() const override { return automation::Object(element_); }
     [[nodiscard]] automation::Value value() const override { return element_->read(*slot_); }
     void setValue(const automation::Value& value) override { element_->write(*slot_, value); }
@@ -49,6 +51,7 @@ class RepositoryTextProperty final : public Property {
     [[nodiscard]] std::u16string dataType() const override { return u"String"; }
     [[nodiscard]] std::u16string description() const override { return {}; }
     [[nodiscard]] automation::Value values() const override { return automation::Array{}; }
+    [[nodiscard]] std::u16string category() const override { return {}; }
     [[nodiscard]] automation::Object parent() const override { return automation::Object(repository_); }
     [[nodiscard]] automation::Value value() const override { return repository_->property(name_); }
     void setValue(const automation::Value& value) override { repository_->setProperty(name_, value); }

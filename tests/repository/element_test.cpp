@@ -336,5 +336,29 @@ TEST_F(Elements, NothingIsKeptAliveByTheRepository) {
     EXPECT_EQ(automation::NativeObject::liveCount(), before);
 }
 
+TEST_F(Elements, TypesThatTellHowTheyAreEditedStoreTextsAndIntegers) {
+    const Object book = repository_.get(u"MetaNodes", u"Book").toObject();
+    book.call(u"MakeMetaProperty", u"Blurb", u"MultiLine", u"", Value(), u"Cover");
+    book.call(u"MakeMetaProperty", u"Back", u"Colour", u"", Value(), u"Cover");
+    book.call(u"MakeMetaProperty", u"Scan", u"File");
+    book.call(u"MakeMetaProperty", u"Folder", u"Directory");
+    const Object emma = makeBook(u"Emma", u"b1");
+    emma.call(u"SetProperty", u"Blurb", u"two\nlines");
+    emma.call(u"SetProperty", u"Back", u"255");
+    emma.call(u"SetProperty", u"Scan", u"/tmp/a.png");
+    emma.call(u"SetProperty", u"Folder", u"/tmp");
+    reopen();
+    const Object again = extension(u"Book").item(u"b1").toObject();
+    EXPECT_EQ(textOf(again.get(u"Blurb")), "two\nlines");
+    EXPECT_EQ(*again.get(u"Back").getIf<std::int32_t>(), 255);
+    EXPECT_EQ(textOf(again.get(u"Scan")), "/tmp/a.png");
+    EXPECT_EQ(textOf(again.get(u"Folder")), "/tmp");
+    EXPECT_TRUE(again.call(u"Search", u"LINES").toBoolean());
+    const Object blurb = again.get(u"Properties").toObject().item(u"Blurb").toObject();
+    EXPECT_EQ(textOf(blurb.get(u"Category")), "Cover");
+    EXPECT_EQ(textOf(blurb.get(u"datatype")), "MultiLine");
+    EXPECT_EQ(errorOf([&] { again.put(u"Back", u"blue"); }).number(), 13);
+}
+
 }  // namespace
 }  // namespace quorel::repository::testing

@@ -80,7 +80,21 @@ TEST_F(RepositoryFile, AnotherProgramsDatabaseIsLeftAlone) {
 TEST_F(RepositoryFile, ANewerFileIsLeftAlone) {
     create();
     runRaw("PRAGMA user_version = " + std::to_string(sqlite::kSchemaVersion + 1));
-    expectUntouched(321, "made by a newer program (file version 2, this program knows 1)");
+    expectUntouched(321, "made by a newer program (file version 3, this program knows 2)");
+}
+
+TEST_F(RepositoryFile, AFileOfTheFirstVersionIsBroughtUpToDate) {
+    create();
+    runRaw("ALTER TABLE meta_property DROP COLUMN category; PRAGMA user_version = 1");
+    for (int opening = 0; opening < 2; ++opening) {
+        const auto repository = automation::make<Repository>();
+        repository->open(folder_.file());
+        const Object type = repository->makeMetaNode(numbered(u"Type", opening), u"");
+        type.call(u"MakeMetaProperty", u"Zip", u"String", u"", Value(), u"Address");
+        const Object zip = type.get(u"Properties", u"Zip").toObject();
+        EXPECT_EQ(textOf(zip.get(u"Category")), "Address");
+        repository->close();
+    }
 }
 
 TEST_F(RepositoryFile, ALockedFileIsLeftAlone) {

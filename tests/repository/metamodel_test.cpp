@@ -74,7 +74,8 @@ TEST_F(MetaModel, AWrongPropertyDefinitionIsRefusedWithTheReason) {
     EXPECT_EQ(errorOf([&] { book.call(u"MakeMetaProperty", u"", u"String"); }).number(), 5);
     EXPECT_EQ(
         errorOf([&] { book.call(u"MakeMetaProperty", u"X", u"Text"); }).description(),
-        u"'Text' is no data type; there are String, Integer, Double, Boolean, Date, Enumeration, Binary");
+        u"'Text' is no data type; there are String, Integer, Double, Boolean, Date, Enumeration, Binary, "
+        u"MultiLine, Colour, File, Directory");
     EXPECT_EQ(errorOf([&] { book.call(u"MakeMetaProperty", u"X", u"Enumeration"); }).number(), 5);
     EXPECT_EQ(errorOf([&] { book.call(u"MakeMetaProperty", u"X", u"String", u"", u"a,b"); }).number(), 5);
 }

@@ -71,6 +71,7 @@ class Export {
         Line line;
         line.text("name", property.name).text("datatype", dataTypeName(property.type));
         line.textUnlessEmpty("description", property.description);
+        line.textUnlessEmpty("category", property.category);
         if (property.type == DataType::Enumeration) {
             std::string values;
             for (const std::u16string& value : property.values)

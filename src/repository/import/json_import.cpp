@@ -163,7 +163,7 @@ class Import {
     static PropertyRecord propertyOf(const Json& definition) {
         if (!definition.is_object())
             refuse(u"a property is no JSON object");
-        allow(definition, {"name", "datatype", "description", "values"});
+        allow(definition, {"name", "datatype", "description", "category", "values"});
         PropertyRecord property;
         property.name = textMember(definition, "name");
         const std::u16string typeName = textMember(definition, "datatype");
@@ -174,6 +174,7 @@ class Import {
                        : inQuotes(typeName) + u" is no data type; there are " + dataTypeNames());
         property.type = *type;
         property.description = textOrEmpty(definition, "description");
+        property.category = textOrEmpty(definition, "category");
         for (const Json& value : listMember(definition, "values")) {
             if (!value.is_string())
                 refuse(u"a value of the property " + inQuotes(property.name) + u" is no text");

@@ -98,7 +98,7 @@ std::optional<int> digits(std::string_view text, std::size_t start, std::size_t 
 std::optional<Value> loose(const Json& json, const PropertyRecord& property) {
     if (json.is_string()) {
         const auto& text = json.get_ref<const std::string&>();
-        if (property.type == DataType::String || property.type == DataType::Enumeration)
+        if (isText(property.type))
             return Value(unsealed(text));
         if (property.type == DataType::Date)
             if (const std::optional<Date> date = dateOf(text))
@@ -118,7 +118,7 @@ std::optional<Value> loose(const Json& json, const PropertyRecord& property) {
         return Value(json.get<double>());
     const bool isInteger =
         json.is_number_integer() && json.get<double>() >= INT32_MIN && json.get<double>() <= INT32_MAX;
-    if (isInteger && property.type == DataType::Integer)
+    if (isInteger && (property.type == DataType::Integer || property.type == DataType::Colour))
         return Value(json.get<std::int32_t>());
     return std::nullopt;
 }

@@ -25,6 +25,7 @@ std::unique_ptr<Store> openStore(const std::u16string& file) {
                       u"The repository " + inQuotes(file) + u" is read-only and cannot be changed");
     database->setPatience(kPatienceMs);
     database->run(kSettings);
+    upgradeSchema(*database);
     auto store = std::make_unique<SqliteStore>(std::move(database));
     store->removeAbandoned();
     return store;

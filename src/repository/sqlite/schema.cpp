@@ -34,7 +34,8 @@ CREATE TABLE meta_property (
     owner       INTEGER NOT NULL REFERENCES meta_object (id) ON DELETE CASCADE,
     name        TEXT NOT NULL,
     datatype    INTEGER NOT NULL,
-    description TEXT NOT NULL
+    description TEXT NOT NULL,
+    category    TEXT NOT NULL DEFAULT ''
 );
 CREATE INDEX meta_property_by_owner ON meta_property (owner);
 
@@ -104,6 +105,18 @@ void createSchema(Database& database) {
     createReadIndexes(database);
     database.run(("PRAGMA application_id = " + std::to_string(kApplicationId)).c_str());
     database.run(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
+    database.run("COMMIT");
+}
+
+void upgradeSchema(Database& database) {
+    if (database.number("PRAGMA user_version") != 1)
+        return;
+    database.run("BEGIN IMMEDIATE");
+    // Another program may have been here between the question and the lock.
+    if (database.number("PRAGMA user_version") == 1) {
+        database.run("ALTER TABLE meta_property ADD COLUMN category TEXT NOT NULL DEFAULT ''");
+        database.run(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
+    }
     database.run("COMMIT");
 }
 

@@ -105,8 +105,12 @@ Value SqliteStore::value(Kind kind, ElementId id, PropertyId property, DataType 
     switch (type) {
         case DataType::String:
         case DataType::Enumeration:
+        case DataType::MultiLine:
+        case DataType::File:
+        case DataType::Directory:
             return run.text(0);
         case DataType::Integer:
+        case DataType::Colour:
             return static_cast<std::int32_t>(run.integer(0));
         case DataType::Double:
             return run.real(0);

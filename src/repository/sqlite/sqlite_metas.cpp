@@ -89,8 +89,8 @@ void SqliteStore::removeMeta(MetaId id) {
 std::vector<PropertyRecord> SqliteStore::metaProperties(MetaId owner, PropertyId after) {
     std::vector<PropertyRecord> records;
     for (Run run(meta_.properties, owner, after); run.row();) {
-        const auto type = static_cast<DataType>(std::clamp<std::int64_t>(run.integer(2), 0, 6));
-        records.push_back({run.id<PropertyId>(0), run.text(1), type, run.text(3), {}});
+        const auto type = static_cast<DataType>(std::clamp<std::int64_t>(run.integer(2), 0, kLastDataType));
+        records.push_back({run.id<PropertyId>(0), run.text(1), type, run.text(3), {}, run.text(4)});
     }
     for (PropertyRecord& record : records)
         if (record.type == DataType::Enumeration)
@@ -106,7 +106,8 @@ PropertyId SqliteStore::addMetaProperty(MetaId owner, const PropertyRecord& reco
         transaction.emplace(*this);
     const std::string name = stored(record.name);
     const std::string description = stored(record.description);
-    Run(meta_.addProperty, owner, name, record.type, description).finish();
+    const std::string category = stored(record.category);
+    Run(meta_.addProperty, owner, name, record.type, description, category).finish();
     const auto id = static_cast<PropertyId>(database_->lastInserted());
     std::int64_t position = 0;
     for (const std::u16string& value : record.values) {

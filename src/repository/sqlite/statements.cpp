@@ -75,12 +75,14 @@ MetaStatements::MetaStatements(Database& database)
       setDescription(database, "UPDATE meta_object SET description = ?2 WHERE id = ?1"),
       setPersistent(database, "UPDATE meta_object SET persistent = ?2 WHERE id = ?1"),
       remove(database, "DELETE FROM meta_object WHERE id = ?1"),
-      properties(database,
-                 "SELECT id, name, datatype, description FROM meta_property WHERE owner = ?1 AND id > ?2 "
-                 "ORDER BY id"),
+      properties(
+          database,
+          "SELECT id, name, datatype, description, category FROM meta_property WHERE owner = ?1 AND id > ?2 "
+          "ORDER BY id"),
       values(database, "SELECT value FROM enumeration_value WHERE property = ?1 ORDER BY position"),
       addProperty(database,
-                  "INSERT INTO meta_property (owner, name, datatype, description) VALUES (?1, ?2, ?3, ?4)"),
+                  "INSERT INTO meta_property (owner, name, datatype, description, category) VALUES (?1, ?2, "
+                  "?3, ?4, ?5)"),
       addValue(database, "INSERT INTO enumeration_value (property, position, value) VALUES (?1, ?2, ?3)") {}
 
 FileStatements::FileStatements(Database& database)
