@@ -53,6 +53,14 @@ const std::u16string& PropertyItem::category() {
     return *category_;
 }
 
+const std::u16string& PropertyItem::readCategory(const automation::Member& member) {
+    if (!category_) {
+        const Object definition = definition_;
+        category_ = valueText(definition.get(member));
+    }
+    return *category_;
+}
+
 const std::u16string& PropertyItem::description() {
     if (!description_)
         description_ = textOf(u"Description", true);

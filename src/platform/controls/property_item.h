@@ -49,6 +49,8 @@ class PropertyItem final : public automation::NativeObject {
     [[nodiscard]] const std::u16string& name();
     [[nodiscard]] const std::u16string& dataType();
     [[nodiscard]] const std::u16string& category();
+    /// The same by a member that the definition is known to have.
+    [[nodiscard]] const std::u16string& readCategory(const automation::Member& member);
     [[nodiscard]] const std::u16string& description();
     [[nodiscard]] const std::vector<std::u16string>& choices();
     [[nodiscard]] EditorKind kind() { return editorKind(dataType()); }

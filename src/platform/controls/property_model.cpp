@@ -68,21 +68,22 @@ void PropertyModel::build() {
         built.push_back(automation::make<PropertyItem>(automation::make<PropertyMember>(member), observer,
                                                        PropertyItem::Source::Member));
     const Object properties = metaObject_.get(u"Properties").toObject();
-    const void* withoutCategory = nullptr;
+    // Rows are grouped, so that categories are known from the start; anything else waits. Definitions of one
+    // type either all have categories or none.
+    const automation::Member category(u"Category");
+    const void* type = nullptr;
+    bool hasCategory = false;
     for (const Object& definition : automation::each(properties)) {
         if (!definition)
             continue;
         const Item item = automation::make<PropertyItem>(definition, observer);
         built.push_back(item);
-        // Rows are grouped, so that categories are known from the start; anything else waits. A type of
-        // definitions that has no categories is asked once.
-        const void* const type = definition.typeKey();
-        if (type != nullptr && type == withoutCategory)
-            continue;
-        if (answersTo(definition, u"Category"))
-            categories = !item->category().empty() || categories;
-        else
-            withoutCategory = type;
+        const void* const itsType = definition.typeKey();
+        if (itsType == nullptr || itsType != type)
+            hasCategory = answersTo(definition, category.name());
+        type = itsType;
+        if (hasCategory)
+            categories = !item->readCategory(category).empty() || categories;
     }
     if (overtaken) {
         for (const Item& item : built)
