@@ -71,6 +71,7 @@ outside_in_display() {
     editing_tests
     keyboard_tests
     matrix_tests
+    property_tests
 }
 
 outside_tests() {
