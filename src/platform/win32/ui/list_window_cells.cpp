@@ -15,6 +15,12 @@ namespace {
 constexpr std::size_t kMostGroupUnits = 500;
 constexpr int kTextInset = 6;  // pixels at 96 dots per inch
 
+/// What the native list says: while a key moves the selection it paints the row that was left before it tells
+/// which one was reached.
+[[nodiscard]] bool isSelected(HWND list, std::size_t row) noexcept {
+    return (::SendMessageW(list, LVM_GETITEMSTATE, row, LVIS_SELECTED) & LVIS_SELECTED) != 0;
+}
+
 }  // namespace
 
 /// In the list's client coordinates, as far as it is in sight.
@@ -117,7 +123,7 @@ LRESULT ListWindow::drawRow(NMLVCUSTOMDRAW& drawing) const {
             drawGroup(drawing.nmcd.hdc, row);
         return CDRF_SKIPDEFAULT;
     }
-    if (control() != nullptr && list().selectedRow() == row && ::GetFocus() != handle()) {
+    if (control() != nullptr && isSelected(handle(), row) && ::GetFocus() != handle()) {
         drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
         drawing.clrTextBk = toColorRef(fadedHighlight());
         drawing.clrText = readableOn(fadedHighlight());
@@ -132,7 +138,7 @@ LRESULT ListWindow::drawCell(NMLVCUSTOMDRAW& drawing) const {
     const ui::CellLook look = list().cellLook(cell);
     if (control() == nullptr)
         return CDRF_DODEFAULT;
-    const bool selected = list().selectedRow() == cell.row;
+    const bool selected = isSelected(handle(), cell.row);
     const ui::Colour back = selected ? fadedHighlight() : look.background.value_or(ground());
     if (!selected || ::GetFocus() != handle()) {
         drawing.clrTextBk = toColorRef(back);
@@ -153,7 +159,7 @@ void ListWindow::drawGroup(HDC dc, std::size_t row) const {
         ::SendMessageW(handle(), LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&place)) == FALSE)
         return;
     const bool focused = ::GetFocus() == handle();
-    const bool selected = list().selectedRow() == row;
+    const bool selected = isSelected(handle(), row);
     const ui::Colour back = !selected ? between(ground(), toColour(::GetSysColor(COLOR_BTNSHADOW)))
                             : focused ? toColour(::GetSysColor(COLOR_HIGHLIGHT))
                                       : fadedHighlight();
