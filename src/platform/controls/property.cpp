@@ -25,8 +25,8 @@ constexpr ui::Colour kRefusedText{176, 0, 0};
 constexpr ui::Colour kLockedText{96, 96, 96};
 /// Of a sum of ten parts of 255 each.
 constexpr int kBright = 1275;
-constexpr std::u16string_view kUnfoldedMark = u"\u25BE ";
-constexpr std::u16string_view kFoldedMark = u"\u25B8 ";
+constexpr std::u16string_view kUnfoldedMark = u"\u2212 ";
+constexpr std::u16string_view kFoldedMark = u"+ ";
 
 /// "#RRGGBB"; system colours are shown as text only.
 [[nodiscard]] std::optional<ui::Colour> shownColour(std::u16string_view text) {

@@ -55,16 +55,16 @@ TEST_F(PropertyTest, CategoriesAreHeadingsThatFold) {
     type->add({.name = u"Age", .category = u"Person"});
     type->add({.name = u"Town", .category = u"Address"});
     open();
-    EXPECT_EQ(look(), (Cells{{u"\u25BE Address", u""},
+    EXPECT_EQ(look(), (Cells{{u"\u2212 Address", u""},
                              {u"Zip", u""},
                              {u"Town", u""},
-                             {u"\u25BE Person", u""},
+                             {u"\u2212 Person", u""},
                              {u"Age", u""},
-                             {u"\u25BE Other", u""},
+                             {u"\u2212 Other", u""},
                              {u"Loose", u""}}));
     EXPECT_TRUE(grid->list().isGroup(0));
     world.user.doubleClickRow(grid->list(), 0);
-    EXPECT_EQ(look()[0][0], u"\u25B8 Address");
+    EXPECT_EQ(look()[0][0], u"+ Address");
     EXPECT_EQ(grid->list().rowCount(), 5U);
     world.user.selectRow(grid->list(), 0);
     press(Key::Left);
@@ -119,7 +119,7 @@ TEST_F(PropertyTest, SearchLooksIntoNamesAndDescriptions) {
     EXPECT_TRUE(grid->searchBox().hasFocus());
     world.user.type(*form, u"zip");
     EXPECT_EQ(look(),
-              (Cells{{u"\u25BE Address", u""}, {u"Zip", u""}, {u"\u25BE Person", u""}, {u"Age", u""}}));
+              (Cells{{u"\u2212 Address", u""}, {u"Zip", u""}, {u"\u2212 Person", u""}, {u"Age", u""}}));
     press(Key::Down);
     EXPECT_TRUE(grid->list().hasFocus());
     world.user.selectRow(grid->list(), 3);
