@@ -185,9 +185,9 @@ TEST_F(PropertiesTest, UnreadablePropertyIsReportedAndTheRestCanBeEdited) {
         if (call == u"id1.GetProperty")
             throw automation::Error(1001, u"Locked", u"Repository");
     };
-    world.expectBox();
     expectNodeEdit([&](ui::Form& window) {
         EXPECT_EQ(shown.at(2).at(1), u"#Error");
+        world.expectBox();
         rename(window, u"Anne");
         world.user.click(window, u"OK");
     });
