@@ -100,31 +100,28 @@ class Cell {
     Value text_;
 };
 
-void compareKnownId(const char* name, const Object& node) {
-    const MemberId id = node.resolve(u"name");
+/// `read` gives the value of the node's cell.
+template <class Read>
+void compareCell(const char* name, const Object& node, MemberId id, Read&& read) {
     IDispatch& dispatch = *win32::toDispatch(node).get();
     Cell cell;
     bench::compare(
         name, kCells, kAim,
         [&] {
             for (int i = 0; i < kCells; ++i)
-                cell.keep(node.invoke(id, automation::InvokeKind::Get, {}));
+                cell.keep(read());
         },
         [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
 }
 
+void compareKnownId(const char* name, const Object& node) {
+    const MemberId id = node.resolve(u"name");
+    compareCell(name, node, id, [&] { return node.invoke(id, automation::InvokeKind::Get, {}); });
+}
+
 void compareMember(const char* name, const Object& node) {
     const Member member(u"name");
-    const MemberId id = member.idFor(node);
-    IDispatch& dispatch = *win32::toDispatch(node).get();
-    Cell cell;
-    bench::compare(
-        name, kCells, kAim,
-        [&] {
-            for (int i = 0; i < kCells; ++i)
-                cell.keep(node.get(member));
-        },
-        [&] { bareCells(dispatch, static_cast<DISPID>(id)); });
+    compareCell(name, node, member.idFor(node), [&] { return node.get(member); });
 }
 
 std::wstring beside(const wchar_t* file) {
