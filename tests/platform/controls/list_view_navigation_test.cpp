@@ -20,6 +20,11 @@ class ListViewNavigationTest : public ListViewTest {
                       return list({model.links[9]});
                   }));
     }
+    ~ListViewNavigationTest() override {
+        // The type and its meta link hold each other.
+        needs->without(u"source");
+        needs->without(u"target");
+    }
     [[nodiscard]] static Value list(std::vector<Value> items) {
         return Value(Object(automation::make<Collection>(std::move(items))));
     }
