@@ -87,7 +87,9 @@ LRESULT NativeWindow::serveKey(UINT message, WPARAM key, LPARAM flags) {
     const bool taken = pressKey(key);
     // The system has to see every key that Alt goes with, or Alt by itself opens the menu bar when it comes
     // up.
-    if (taken && message == WM_SYSKEYDOWN && key != VK_F4 && handle_ != nullptr)
+    // Those that it would answer by itself are not for it.
+    const bool goesWithAlt = (HIWORD(flags) & KF_ALTDOWN) != 0 && key != VK_F4 && key != VK_F10;
+    if (taken && goesWithAlt && handle_ != nullptr)
         ::DefWindowProcW(handle_, message, key, flags);
     if (taken || handle_ == nullptr)
         return 0;
