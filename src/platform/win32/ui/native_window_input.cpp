@@ -85,9 +85,8 @@ LRESULT NativeWindow::serveKey(UINT message, WPARAM key, LPARAM flags) {
         handle_ != nullptr && focus != nullptr && ::IsChild(handle_, focus) && of(focus) == nullptr ? focus
                                                                                                     : handle_;
     const bool taken = pressKey(key);
-    // The system has to see every key that Alt goes with, or Alt by itself opens the menu bar when it comes
-    // up.
-    // Those that it would answer by itself are not for it.
+    // The system has to see the keys that Alt goes with, or Alt by itself opens the menu bar when it comes
+    // up; but not those that it answers by itself.
     const bool goesWithAlt = (HIWORD(flags) & KF_ALTDOWN) != 0 && key != VK_F4 && key != VK_F10;
     if (taken && goesWithAlt && handle_ != nullptr)
         ::DefWindowProcW(handle_, message, key, flags);
