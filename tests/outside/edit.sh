@@ -43,6 +43,32 @@ nodes_are_made() {
     expect "the node is listed on the other side" selected_in TargetNode 'An Example'
 }
 
+# An empty name is a name; a node of a type that is chosen at both ends goes from both lists.
+nodes_at_both_ends() {
+    expect "Shelf is chosen at the source" click_on frmSixPane SourceMetaNode Shelf
+    expect "and at the target" click_on frmSixPane TargetMetaNode Shelf
+    local before
+    before=$(spy frmSixPane rows SourceNode 0 | head -n 1)
+    before=${before% rows}
+    press_button NewTargetNode
+    answer frmNameEdit '' Return
+    expect "a node without a name is made" pane_counts TargetNode $((before + 1))
+    expect "and listed at both ends" pane_counts SourceNode $((before + 1))
+    press_button DeleteTargetNode
+    expect "it is gone" pane_counts TargetNode "$before"
+    expect "from both ends" pane_counts SourceNode "$before"
+}
+
+link_needs_all_three() {
+    expect "a meta link is chosen" click_on frmSixPane MetaLink Author.Wrote.Book
+    expect "and a source" choose frmSixPane SourceNode 'Emily Example'
+    xdotool key alt+l
+    sleep 0.3
+    xdotool key Insert
+    sleep 0.5
+    expect "without a target nobody asks for a link" not_there frmNameEdit
+}
+
 link_is_made() {
     expect "the meta link is chosen" click_on frmSixPane MetaLink Author.Wrote.Book
     expect "an author is chosen" choose frmSixPane SourceNode 'Emily Example'
@@ -86,6 +112,7 @@ types_are_made() {
     expect "SourceMetaNode takes a click" click_on frmSixPane SourceMetaNode Author
     xdotool key Insert
     expect "Ins asks for a meta class" title_is frmDynMetaObject "Dynamic MetaClass"
+    expect "which is persistent unless the tick is taken away" spy frmDynMetaObject checked Persistent
     picture_of dynamic-meta-class
     answer frmDynMetaObject 'Prize' Return
     expect "the source types have it" pane_holds SourceMetaNode Prize
@@ -125,7 +152,9 @@ types_are_deleted() {
 editing_tests() {
     start_host editing script_host samples/vbscript/browse.vbs "$repository"
     wait_for_form frmSixPane
+    nodes_at_both_ends
     nodes_are_made
+    link_needs_all_three
     link_is_made
     all_is_deleted
     types_are_made

@@ -36,7 +36,8 @@ const wchar_t* const kUsage =
     L"  where CONTROL ROW         the middle of the row in view whose first cell is ROW\n"
     L"  focus                     the name of the control that has the keyboard\n"
     L"  text CONTROL              what stands in the control\n"
-    L"exit code: 0, 2 misused, 3 no such form, control or row\n";
+    L"  checked CONTROL           whether the box is ticked, by exit code\n"
+    L"exit code: 0, 1 not ticked, 2 misused, 3 no such form, control or row\n";
 
 std::string utf8(const std::wstring& text) {
     std::string bytes(text.size() * 3, '\0');
@@ -140,6 +141,8 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
         return kNotThere;
     if (command == L"rows" && !words.empty())
         return printRows(control, words);
+    if (command == L"checked")
+        return SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED ? 0 : 1;
     if (command == L"text") {
         print(windowText(control) + L"\n");
         return 0;
