@@ -1,6 +1,8 @@
 # shellcheck shell=bash
 # Windows programs on Linux: the Wine prefix, a display where there is none. Sourced by ./quorel.
 
+# Wine makes file names in the locale's characters; a machine without one would know ASCII alone.
+[[ $(locale charmap 2>/dev/null) == UTF-8 ]] || export LC_ALL=C.UTF-8
 export WINEPREFIX=$top/build/wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 # The 64-bit loader by itself: the wrapper asks for a 32-bit one that is not needed.
 wine_loader=$(command -v wine64 || echo /usr/lib/wine/wine64)
