@@ -25,39 +25,27 @@ const automation::ClassTable& PropertyEditor::classTable() const {
 }
 
 void PropertyEditor::Create(const std::u16string& Path) {
-    holder_.create(std::make_shared<frmPropertyEditor>(environment_))->Create(Path);
-}
-
-void PropertyEditor::Destroy() {
-    holder_.destroy();
+    makeForm()->Create(Path);
 }
 
 void PropertyEditor::Init(const Object& mo) {
-    holder_.form()->Init(mo);
+    form()->Init(mo);
 }
 
 void PropertyEditor::Deinit() {
-    holder_.form()->Deinit();
-}
-
-void PropertyEditor::PopUp(bool modal) {
-    holder_.form()->PopUp(modal);
-}
-
-void PropertyEditor::Conceal() {
-    holder_.form()->Conceal();
+    form()->Deinit();
 }
 
 Object PropertyEditor::repObject() const {
-    return holder_.form()->repObject();
+    return form()->repObject();
 }
 
 void PropertyEditor::setRepObject(const Object& object) {
-    holder_.form()->setRepObject(object);
+    form()->setRepObject(object);
 }
 
 bool PropertyEditor::OK() const {
-    return holder_.form()->OK();
+    return form()->OK();
 }
 
 bool PropertyEditor::Cancelled() const {
@@ -65,27 +53,27 @@ bool PropertyEditor::Cancelled() const {
 }
 
 Object PropertyEditor::CallbackObject() const {
-    return holder_.form()->CallbackObject();
+    return form()->CallbackObject();
 }
 
 void PropertyEditor::setCallbackObject(const Object& callback) {
-    holder_.form()->setCallbackObject(callback);
+    form()->setCallbackObject(callback);
 }
 
 std::u16string PropertyEditor::Caption() const {
-    return holder_.form()->text();
+    return form()->text();
 }
 
 void PropertyEditor::setCaption(const std::u16string& caption) {
-    holder_.form()->setText(caption);
+    form()->setText(caption);
 }
 
 bool PropertyEditor::ReadOnly() const {
-    return holder_.form()->ReadOnly();
+    return form()->ReadOnly();
 }
 
 void PropertyEditor::setReadOnly(bool readOnly) {
-    holder_.form()->setReadOnly(readOnly);
+    form()->setReadOnly(readOnly);
 }
 
 }  // namespace quorel::dialogs

@@ -104,7 +104,7 @@ void frmMatrixBrowser::Deinit() {
 
 void frmMatrixBrowser::Destroy() noexcept {
     // Each reference is empty before its object ends, since that may come back here.
-    for (Object* const held : {&repository_, &RepositoryManager, &PackageObject, &registration_.session})
+    for (Object* const held : {&repository_, &repositoryManager_, &packageObject_, &registration_.session})
         held->reset();
     visited_.clear();
     for (controls::ListView* const list : lists_)
@@ -113,7 +113,7 @@ void frmMatrixBrowser::Destroy() noexcept {
 
 void frmMatrixBrowser::Form_Load() {
     procedure(u"Form_Load", [this] {
-        RepositoryManager.reset();
+        repositoryManager_.reset();
         menuForm_ = std::make_shared<MatrixBrowserMenuForm>(desktop());
         menuForm_->load();
         menuForm_->SetMatrixBrowser(

@@ -52,15 +52,20 @@ class frmMatrixBrowser final : public ui::Form {
     // What the host sets.
     // --------------------------------------------------------------------
     std::u16string Path;
-    automation::Object PackageObject;
-    std::u16string RepositoryFileName;
+    [[nodiscard]] const automation::Object& PackageObject() const noexcept { return packageObject_; }
+    void setPackageObject(automation::Object package) { packageObject_ = std::move(package); }
+    [[nodiscard]] const std::u16string& RepositoryFileName() const noexcept { return repositoryFileName_; }
+    void setRepositoryFileName(std::u16string_view fileName) { repositoryFileName_ = fileName; }
     /// Nothing again when the window is loaded anew after it was closed.
-    automation::Object RepositoryManager;
+    [[nodiscard]] const automation::Object& RepositoryManager() const noexcept { return repositoryManager_; }
+    void setRepositoryManager(automation::Object manager) { repositoryManager_ = std::move(manager); }
     void SetID(std::int32_t id) noexcept { id_ = id; }
     [[nodiscard]] std::int32_t GetID() const noexcept { return id_; }
     /// Shows a repository; what another one was shown with is gone.
     void SetRepository(const automation::Object& repository);
     [[nodiscard]] const automation::Object& GetRepository() const noexcept { return repository_; }
+    void setRepository(const automation::Object& repository) { SetRepository(repository); }
+    [[nodiscard]] const automation::Object& Repository() const noexcept { return GetRepository(); }
 
     // Selecting. Only `SetSelection` runs what a click runs.
     // --------------------------------------------------------------------
@@ -144,6 +149,9 @@ class frmMatrixBrowser final : public ui::Form {
     frame::ComponentRegistration registration_;
     std::int32_t id_ = 0;
     automation::Object repository_;
+    automation::Object repositoryManager_;
+    automation::Object packageObject_;
+    std::u16string repositoryFileName_;
     std::shared_ptr<MatrixBrowserMenuForm> menuForm_;
     bool outgoing_ = false;
 

@@ -45,7 +45,7 @@ void frmMatrixBrowser::buildListMenus() {
 
 void frmMatrixBrowser::mnuSelect_Click() {
     procedure(u"mnuSelect_Click", [this] {
-        const Object manager = RepositoryManager;
+        const Object manager = repositoryManager_;
         if (!IsObjectSet(manager))
             return;
         const Object chosen = manager.call(u"SelectDialog").toObject();

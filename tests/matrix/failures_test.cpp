@@ -57,7 +57,7 @@ TEST_F(MatrixFailures, EveryProcedureReportsUnderItsLabel) {
     EXPECT_EQ(place(u"id7.target", [this] { doubleClick(u"TargetInstanceList", kFirst); }),
               u"MatrixBrowser/TargetInstanceList_DblClick");
     EXPECT_EQ(place(u"repository.MetaNodes", [this] { form->Populate(); }), u"MatrixBrowser/Populate");
-    form->RepositoryManager = manager;
+    form->setRepositoryManager(manager);
     form->menuBar().find(u"mnuSelect")->setVisible(true);
     EXPECT_EQ(place(u"manager.SelectDialog", [this] { world.user.chooseMenu(*form, u"mnuSelect"); }),
               u"MatrixBrowser/mnuSelect_Click");

@@ -37,7 +37,7 @@ TEST_F(MatrixMenus, ShowMetamodelDoesNothing) {
 
 TEST_F(MatrixMenus, SelectShowsTheChosenRepository) {
     open();
-    form->RepositoryManager = manager;
+    form->setRepositoryManager(manager);
     PeopleWorld other;
     other.repository->addMetaNode(u"Country");
     manager->chosen = make<testing::RepositoryHolderDouble>(model.script, other.repository);
@@ -55,7 +55,7 @@ TEST_F(MatrixMenus, SelectWithoutManagerOrWhenCancelledDoesNothing) {
     showSelect();
     choose(u"mnuSelect");
     EXPECT_TRUE(model.script->log.empty());
-    form->RepositoryManager = manager;
+    form->setRepositoryManager(manager);
     choose(u"mnuSelect");
     EXPECT_EQ(model.script->log, Texts{u"manager.SelectDialog"});
     EXPECT_EQ(form->GetRepository(), Object(model.repository));
