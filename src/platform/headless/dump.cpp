@@ -9,6 +9,9 @@
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/ui/progress_bar.h"
+#include "platform/ui/scroll_panel.h"
+#include "platform/ui/tab_strip.h"
+#include "platform/ui/tree.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -49,7 +52,13 @@ class Describer final : public ui::ControlVisitor {
         extra += form.isMaximized() ? " maximized" : "";
     }
     void visit(ui::Panel&) override { kind = "Panel"; }
-    void visit(ui::Label&) override { kind = "Label"; }
+    void visit(ui::Label& label) override {
+        kind = "Label";
+        const ui::Font& font = label.font();
+        extra += font.family.empty() ? "" : " font " + quoted(font.family);
+        extra += font.points == 0 ? "" : " size " + std::to_string(font.points);
+        extra += font.bold ? " bold" : "";
+    }
     void visit(ui::TextBox& box) override {
         kind = "TextBox";
         extra = box.isReadOnly() ? " read-only" : "";
@@ -100,7 +109,48 @@ class Describer final : public ui::ControlVisitor {
         kind = "Splitter";
         extra = splitter.orientation() == ui::Orientation::Vertical ? " vertical" : " horizontal";
     }
+    void visit(ui::Line& line) override {
+        kind = "Line";
+        extra = line.orientation() == ui::Orientation::Vertical ? " vertical" : " horizontal";
+    }
+    void visit(ui::ScrollPanel& panel) override {
+        kind = "ScrollPanel";
+        extra = " content " + number(panel.contentHeight());
+        if (panel.scrolled() != ui::Twips{})
+            extra += " at " + number(panel.scrolled());
+    }
+    void visit(ui::TabStrip& strip) override {
+        kind = "TabStrip";
+        for (std::size_t i = 0; i < strip.tabs().size(); ++i) {
+            const ui::TabStrip::Tab& tab = strip.tabs()[i];
+            if (tab.visible)
+                extra += (strip.selected() == i ? " [*" : " [") + quoted(tab.caption) + "]";
+        }
+        extra += extra.empty() ? " (no tabs)" : "";
+    }
+    void visit(ui::Tree& tree) override {
+        kind = "Tree";
+        extra = " items " + std::to_string(tree.itemCount());
+    }
 };
+
+/// The items that are shown: how deep, whether open (-) or closed (+), whether selected (*).
+void dumpItems(const ui::Tree& tree, const std::string& indent, std::string& out) {
+    for (ui::TreeItemId item = tree.shownAfter(ui::TreeItemId::Root); item != ui::TreeItemId::None;
+         item = tree.shownAfter(item)) {
+        out += indent;
+        for (ui::TreeItemId above = tree.parentOf(item); above != ui::TreeItemId::Root;
+             above = tree.parentOf(above))
+            out += "  ";
+        out += tree.isExpanded(item) ? "- " : tree.mayHaveChildren(item) ? "+ " : ". ";
+        out += quoted(tree.itemText(item));
+        const std::u16string& picture = tree.itemPicture(item);
+        out += picture.empty() ? "" : " picture " + automation::toUtf8(picture);
+        out += tree.isBold(item) ? " bold" : "";
+        out += tree.selected() == item ? " selected" : "";
+        out += '\n';
+    }
+}
 
 void dumpMenu(const ui::MenuItem& menu, const std::string& indent, std::string& out) {
     for (const auto& item : menu.items()) {
@@ -129,6 +179,8 @@ void dumpControl(ui::Control& control, const std::string& indent, std::string& o
     out += control.isEnabled() ? "" : " disabled";
     out += control.hasFocus() ? " focus" : "";
     out += "\n";
+    if (const auto* const tree = dynamic_cast<const ui::Tree*>(&control))
+        dumpItems(*tree, indent + "  ", out);
     if (auto* const container = dynamic_cast<ui::Container*>(&control))
         for (const auto& child : container->children())
             dumpControl(*child, indent + "  ", out);

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "platform/automation/text.h"
+#include "platform/ui/access_key.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/virtual_list.h"
 
@@ -16,6 +17,23 @@ namespace {
 constexpr ui::Rect kScreen{{0}, {0}, {1920 * 15}, {1040 * 15}};
 constexpr ui::Twips kUnitWidth{90};
 constexpr ui::Twips kLineHeight{195};
+constexpr std::int32_t kPoints = 8;
+
+/// The lines that are left of one when it is broken between words.
+[[nodiscard]] std::vector<std::size_t> brokenLengths(std::u16string_view line, std::size_t most) {
+    std::vector<std::size_t> lengths{0};
+    while (!line.empty()) {
+        const std::size_t blank = line.find(u' ');
+        const std::size_t word = std::min(blank, line.size());
+        const std::size_t gap = lengths.back() > 0 ? 1 : 0;
+        if (gap > 0 && lengths.back() + gap + word > most)
+            lengths.push_back(word);
+        else
+            lengths.back() += gap + word;
+        line.remove_prefix(std::min(word + 1, line.size()));
+    }
+    return lengths;
+}
 
 [[nodiscard]] std::string quoted(std::u16string_view text) {
     std::string result = "'";
@@ -199,6 +217,28 @@ void HeadlessDesktop::setPointer(ui::Pointer pointer) {
 
 ui::Size HeadlessDesktop::textSize(std::u16string_view line) {
     return {kUnitWidth * static_cast<std::int32_t>(line.size()), kLineHeight};
+}
+
+ui::Size HeadlessDesktop::labelSize(std::u16string_view text, const ui::Font& font,
+                                    std::optional<ui::Twips> width) {
+    const std::int32_t points = font.points > 0 ? font.points : kPoints;
+    const ui::Twips unit = kUnitWidth * points / kPoints;
+    const std::size_t most =
+        width ? static_cast<std::size_t>(std::max(width->value / unit.value, 1)) : std::u16string::npos;
+    const std::u16string shown = ui::withoutAccessKey(text);
+    std::size_t longest = 0;
+    std::int32_t lines = 0;
+    for (std::size_t begin = 0, end = 0; end != std::u16string::npos; begin = end + 1) {
+        end = shown.find(u'\n', begin);
+        std::u16string_view line = std::u16string_view(shown).substr(begin, end - begin);
+        if (!line.empty() && line.back() == u'\r')
+            line.remove_suffix(1);
+        for (const std::size_t length : brokenLengths(line, most)) {
+            longest = std::max(longest, length);
+            ++lines;
+        }
+    }
+    return {unit * static_cast<std::int32_t>(longest), kLineHeight * points / kPoints * lines};
 }
 
 }  // namespace quorel::headless

@@ -96,6 +96,11 @@ class HeadlessDesktop final : public ui::Desktop {
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] ui::Rect workArea() override { return workArea_; }
     [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+    /// By nominal sizes: every unit as wide as every other, and in proportion to the font's size.
+    [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
+                                     std::optional<ui::Twips> width) override;
+    [[nodiscard]] ui::Borders tabBorders() override { return {{60}, {390}, {60}, {60}}; }
+    [[nodiscard]] ui::Twips scrollBarWidth() override { return {255}; }
 
   private:
     friend class HeadlessPeer;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -13,6 +14,10 @@
 #include "platform/ui/keys.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
+#include "platform/ui/scroll_panel.h"
+#include "platform/ui/tab_strip.h"
+#include "platform/ui/tree.h"
+#include "platform/ui/type_ahead.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -49,6 +54,15 @@ class User {
     /// Right click (on the row) and a choice, by the name of the entry.
     void chooseContextMenu(ui::Control& control, std::u16string_view entry);
     void chooseContextMenu(ui::VirtualList& list, std::size_t row, std::u16string_view entry);
+    /// A click on an item that is shown; two of them fast, which also open or close it; on its button.
+    void clickItem(ui::Tree& tree, ui::TreeItemId item);
+    void doubleClickItem(ui::Tree& tree, ui::TreeItemId item);
+    void clickItemButton(ui::Tree& tree, ui::TreeItemId item);
+    /// Right click, which selects the item, and a choice.
+    void chooseContextMenu(ui::Tree& tree, ui::TreeItemId item, std::u16string_view entry);
+    void clickTab(ui::TabStrip& strip, std::size_t index);
+    /// Turns the wheel or moves the scroll bar.
+    void scrollTo(ui::ScrollPanel& panel, ui::Twips top);
     /// An entry of the menu bar, by its name.
     void chooseMenu(ui::Form& form, std::u16string_view entry);
     void closeBox(ui::Form& form);
@@ -89,10 +103,23 @@ class User {
     [[nodiscard]] static bool pressInCombo(ui::ComboBox& box, ui::KeyChord chord);
     static void typeInCombo(ui::ComboBox& box, std::u16string_view character);
     [[nodiscard]] static bool pressInSplitter(ui::Splitter& splitter, ui::KeyChord chord);
-    void typeUnit(ui::Form& form, std::u16string_view character, std::u16string& typedInList);
+    void reachItem(const ui::Tree& tree, ui::TreeItemId item) const;
+    static void toggle(ui::Tree& tree, ui::TreeItemId item);
+    [[nodiscard]] static bool pressInTree(ui::Tree& tree, ui::KeyChord chord);
+    [[nodiscard]] static bool pressInTabs(ui::TabStrip& strip, ui::KeyChord chord);
+
+    /// What one call of `type` has typed where it finds things.
+    struct Typed {
+        std::u16string list{};
+        ui::TypeAhead tree{};
+    };
+    void typeUnit(ui::Form& form, std::u16string_view character, Typed& typed);
 
     HeadlessDesktop& desktop_;
 };
+
+/// The item at the end of a path of texts from the top. Throws `CannotDo` when there is none.
+[[nodiscard]] ui::TreeItemId itemAt(const ui::Tree& tree, std::initializer_list<std::u16string_view> path);
 
 [[noreturn]] void cannotFind(const ui::Container& container, std::u16string_view name);
 

@@ -95,6 +95,10 @@ void User::pressOwnKey(ui::Form& form, ui::Control& focused, KeyChord chord) {
         used = pressInCombo(*combo, chord);
     else if (auto* const splitter = dynamic_cast<ui::Splitter*>(&focused))
         used = pressInSplitter(*splitter, chord);
+    else if (auto* const tree = dynamic_cast<ui::Tree*>(&focused))
+        used = pressInTree(*tree, chord);
+    else if (auto* const strip = dynamic_cast<ui::TabStrip*>(&focused))
+        used = pressInTabs(*strip, chord);
     if (!used)
         static_cast<void>(ui::pressDialogKey(form, chord));
 }
@@ -189,16 +193,16 @@ bool User::pressInSplitter(ui::Splitter& splitter, KeyChord chord) {
 
 void User::type(ui::Form& form, std::u16string_view text) {
     const auto alive = reach(form);
-    std::u16string typedInList;
+    Typed typed;
     while (!text.empty()) {
         const std::size_t size = characterSize(text);
-        typeUnit(form, text.substr(0, size), typedInList);
+        typeUnit(form, text.substr(0, size), typed);
         text.remove_prefix(size);
         desktop_.runPosted();
     }
 }
 
-void User::typeUnit(ui::Form& form, std::u16string_view character, std::u16string& typedInList) {
+void User::typeUnit(ui::Form& form, std::u16string_view character, Typed& typed) {
     if (!form.isShown())
         throw CannotDo("the form went away while the user was typing");
     const KeyChord chord = chordOf(character);
@@ -212,11 +216,15 @@ void User::typeUnit(ui::Form& form, std::u16string_view character, std::u16strin
             throw CannotDo("'" + automation::toUtf8(box->name()) + "' is read-only");
         box->userTyped((box->isAllSelected() ? std::u16string() : box->text()) + std::u16string(character));
     } else if (auto* const list = dynamic_cast<ui::VirtualList*>(focused)) {
-        typedInList += character;
+        typed.list += character;
         const std::size_t start = list->selectedRow().value_or(0);
-        if (const auto found = list->userFinds(typedInList, start))
+        if (const auto found = list->userFinds(typed.list, start))
             if (list->selectedRow() != *found)
                 moveSelection(*list, *found);
+    } else if (auto* const tree = dynamic_cast<ui::Tree*>(focused)) {
+        for (const char16_t unit : character)
+            if (const ui::TreeItemId found = typed.tree.typed(*tree, unit, 0); found != tree->selected())
+                tree->userSelected(found);
     } else if (auto* const combo = dynamic_cast<ui::ComboBox*>(focused)) {
         typeInCombo(*combo, character);
     } else if (chord == KeyChord{Key::Space}) {

@@ -117,8 +117,14 @@ void Control::focus() {
     if (holder == nullptr || (holder->isShown() && !isUsable()))
         return;
     holder->focused_ = this;
+    bringIntoView();
     if (peer_ && holder->isShown())
         peer_->takeFocus();
+}
+
+void Control::bringIntoView() {
+    for (Container* above = parent_; above != nullptr; above = above->parent())
+        above->reveal(*this);
 }
 
 bool Control::hasFocus() const noexcept {

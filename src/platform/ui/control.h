@@ -70,6 +70,8 @@ class Control {
     /// Nothing happens when the form is shown and the control is not usable.
     void focus();
     [[nodiscard]] bool hasFocus() const noexcept;
+    /// Scrolls what it stands in, as far as that scrolls, until it can be seen; getting the focus does so.
+    void bringIntoView();
 
     Event<> onGotFocus;
     Event<> onLostFocus;
@@ -144,11 +146,16 @@ class Container : public Control {
     [[nodiscard]] const std::vector<std::unique_ptr<Control>>& children() const noexcept { return children_; }
     /// The descendant of that name, in depth-first order; null if there is none.
     [[nodiscard]] Control* find(std::u16string_view name) const noexcept;
+    /// How far what it holds is scrolled up: its children are seen that much higher than their bounds say.
+    [[nodiscard]] virtual Twips scrolled() const noexcept { return {}; }
 
   protected:
     using Control::Control;
+    /// For containers that scroll: one below it is to be seen.
+    virtual void reveal(const Control& below) { static_cast<void>(below); }
 
   private:
+    friend class Control;
     friend class Form;
     void adopt(std::unique_ptr<Control> control);
     void realize() override;

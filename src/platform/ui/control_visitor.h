@@ -7,12 +7,16 @@ class CheckBox;
 class ComboBox;
 class Form;
 class Label;
+class Line;
 class Panel;
 class PictureBox;
 class ProgressBar;
+class ScrollPanel;
 class Splitter;
 class StatusBar;
+class TabStrip;
 class TextBox;
+class Tree;
 class VirtualList;
 
 /// One member per plain kind of control; backends implement it to make peers.
@@ -30,6 +34,10 @@ class ControlVisitor {
     virtual void visit(VirtualList& list) = 0;
     virtual void visit(StatusBar& bar) = 0;
     virtual void visit(Splitter& splitter) = 0;
+    virtual void visit(Line& line) = 0;
+    virtual void visit(ScrollPanel& panel) = 0;
+    virtual void visit(TabStrip& strip) = 0;
+    virtual void visit(Tree& tree) = 0;
 
   protected:
     ~ControlVisitor() = default;

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/ui/font.h"
 #include "platform/ui/peer.h"
 #include "platform/ui/units.h"
 
@@ -24,6 +26,12 @@ struct Message {
 
 /// The platform's answers of a message box.
 enum class MessageAnswer : std::int32_t { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+/// How far the area inside something is from its edges.
+struct Borders {
+    Twips left, top, right, bottom;
+    friend constexpr bool operator==(const Borders&, const Borders&) = default;
+};
 
 enum class Pointer : std::uint8_t { Default, Wait };
 
@@ -48,6 +56,14 @@ class Desktop {
     [[nodiscard]] virtual Rect workArea() = 0;
     /// The size of one line in the windows' font.
     [[nodiscard]] virtual Size textSize(std::u16string_view line) = 0;
+    /// The room that a label needs for a text of one or several lines, its marks of access keys taken away;
+    /// with a width, lines longer than that are broken between words.
+    [[nodiscard]] virtual Size labelSize(std::u16string_view text, const Font& font,
+                                         std::optional<Twips> width = std::nullopt) = 0;
+    /// Of a tab strip around its pages; the tabs are at its top.
+    [[nodiscard]] virtual Borders tabBorders() = 0;
+    /// The width of an upright scroll bar.
+    [[nodiscard]] virtual Twips scrollBarWidth() = 0;
 
   private:
     friend class WaitPointer;

@@ -7,6 +7,7 @@
 #include "platform/ui/check_box.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/ui/tab_order.h"
+#include "platform/ui/tree.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::ui {
@@ -82,6 +83,8 @@ bool wantsKey(const Control& focused, KeyChord chord) noexcept {
         return box->isMultiLine();
     if (const auto* list = dynamic_cast<const VirtualList*>(&focused))
         return list->selectedRow().has_value() && list->onActivate.isConnected();
+    if (const auto* tree = dynamic_cast<const Tree*>(&focused))
+        return tree->selected() != TreeItemId::None && tree->onActivate.isConnected();
     return false;
 }
 

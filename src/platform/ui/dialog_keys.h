@@ -6,7 +6,8 @@
 namespace quorel::ui {
 
 /// True if the focused control itself acts on the key, so that `pressDialogKey` must leave it alone: Enter in
-/// a text box of several lines; Enter in a list with a selected row that somebody waits for.
+/// a text box of several lines; Enter in a list with a selected row, or a tree with a selected item, that
+/// somebody waits for.
 [[nodiscard]] bool wantsKey(const Control& focused, KeyChord chord) noexcept;
 
 /// What a key does in any window, after `Form::userKeyDown` has left it and unless the focused control wants

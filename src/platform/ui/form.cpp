@@ -95,6 +95,8 @@ void Form::repairFocus() {
     if (focused_ != nullptr && focused_->isUsable())
         return;
     focused_ = nextTabStop(*this, focused_);
+    if (focused_ != nullptr)
+        focused_->bringIntoView();
     takeFocus();
 }
 
@@ -181,6 +183,8 @@ void Form::userFocused(Control* control) {
         return;
     const auto alive = keepFormAlive();
     Control* const previous = std::exchange(focused_, control);
+    if (control != nullptr)
+        control->bringIntoView();
     if (previous != nullptr)
         previous->onLostFocus.raise();
     if (control != nullptr && focused_ == control && isVisible())

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/ui/flags.h"
+#include "platform/ui/tree_item.h"
 #include "platform/ui/units.h"
 
 namespace quorel::ui {
@@ -25,7 +26,8 @@ enum class Change : std::uint32_t {
     Selection = 1U << 9,
     Style = 1U << 10,     ///< read-only, default button, minimum size …
     ScrollTo = 1U << 11,  ///< bring a cell into view
-    All = 0xFFF
+    Images = 1U << 12,    ///< a picture of the image list was added or replaced
+    All = 0x1FFF
 };
 template <>
 inline constexpr bool kIsFlags<Change> = true;
@@ -63,6 +65,11 @@ class Peer {
     [[nodiscard]] virtual std::optional<Rect> cellBounds(CellIndex cell) const {
         static_cast<void>(cell);
         return std::nullopt;
+    }
+    /// For trees: what has happened to one item. A tree that gets its peer has all its items already.
+    virtual void applyItem(TreeItemId item, TreeChange change) {
+        static_cast<void>(item);
+        static_cast<void>(change);
     }
 };
 

@@ -15,6 +15,10 @@ struct Picture {
 /// True if it has pixels, and bytes for exactly those.
 [[nodiscard]] bool isWhole(const Picture& picture) noexcept;
 
+/// The best of `frames`, which are the same picture in several sizes, as large as it fits into that size, in
+/// the middle of it with nothing around; empty when none is whole or the size is empty.
+[[nodiscard]] Picture fitted(const std::vector<Picture>& frames, std::int32_t width, std::int32_t height);
+
 /// The picture at another size, smoothly; empty when it is not whole or the size is.
 [[nodiscard]] Picture scaled(const Picture& picture, std::int32_t width, std::int32_t height);
 

@@ -19,6 +19,24 @@ void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }
 
+void Label::setFont(const Font& font) {
+    if (font_ == font)
+        return;
+    font_ = font;
+    changed(Change::Style);
+}
+
+void Line::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void Line::setColour(std::optional<Colour> colour) {
+    if (colour_ == colour)
+        return;
+    colour_ = colour;
+    changed(Change::Colours);
+}
+
 void TextBox::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }

@@ -3,11 +3,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/ui/control.h"
+#include "platform/ui/font.h"
 #include "platform/ui/glyph.h"
 #include "platform/ui/picture.h"
 
@@ -18,6 +20,12 @@ class Label : public Control {
   public:
     explicit Label(std::u16string_view name) : Control(name) { setTabStop(false); }
     void accept(ControlVisitor& visitor) override;
+
+    [[nodiscard]] const Font& font() const noexcept { return font_; }
+    void setFont(const Font& font);
+
+  private:
+    Font font_;
 };
 
 /// One line or several lines of text.
@@ -111,6 +119,26 @@ class StatusBar : public Control {
 };
 
 enum class Orientation : bool { Horizontal, Vertical };
+
+/// A thin line to divide with, along the top (horizontal) or the left (vertical) of its bounds, however large
+/// they are.
+class Line : public Control {
+  public:
+    explicit Line(std::u16string_view name, Orientation orientation = Orientation::Horizontal)
+        : Control(name), orientation_(orientation) {
+        setTabStop(false);
+    }
+    void accept(ControlVisitor& visitor) override;
+
+    [[nodiscard]] Orientation orientation() const noexcept { return orientation_; }
+    /// None is the system's colour of lines.
+    [[nodiscard]] std::optional<Colour> colour() const noexcept { return colour_; }
+    void setColour(std::optional<Colour> colour);
+
+  private:
+    Orientation orientation_;
+    std::optional<Colour> colour_;
+};
 
 /// A bar between two areas that the user drags, or moves with the arrow keys while it has the focus. A
 /// vertical one moves left and right. It only reports where it is wanted; its owner lays out and gives it its

@@ -45,6 +45,20 @@ CellLook VirtualList::cellLook(CellIndex cell) const {
     return source_->cellLook(cell.row, cell.column);
 }
 
+std::optional<std::size_t> VirtualList::rowPicture(std::size_t row) const {
+    if (source_ == nullptr || row >= rowCount_ || !images())
+        return std::nullopt;
+    const auto alive = keepFormAlive();
+    const auto images = this->images();
+    const std::u16string key = source_->rowPicture(row);
+    return key.empty() ? std::nullopt : images->placeOf(key);
+}
+
+void VirtualList::setImages(std::shared_ptr<ImageList> images) {
+    images_.set(std::move(images));
+    changed(Change::Images);
+}
+
 bool VirtualList::isGroup(std::size_t row) const {
     if (source_ == nullptr || row >= rowCount_)
         return false;
@@ -60,6 +74,8 @@ void VirtualList::prepareRows(std::size_t first, std::size_t last) const {
 }
 
 void VirtualList::setColumns(std::vector<Column> columns) {
+    if (columns == columns_)
+        return;
     columns_ = std::move(columns);
     changed(Change::Columns);
 }

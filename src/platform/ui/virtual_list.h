@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/ui/control.h"
+#include "platform/ui/image_list.h"
 
 namespace quorel::ui {
 
@@ -19,6 +21,7 @@ struct Column {
     Twips width;
     Alignment alignment = Alignment::Left;
     SortOrder sort = SortOrder::None;  ///< the arrow that the header shows
+    friend bool operator==(const Column&, const Column&) = default;
 };
 
 /// How a cell looks where it differs from the list.
@@ -46,6 +49,12 @@ class RowSource {
         static_cast<void>(column);
         return {};
     }
+    /// The key, in the list's image list, of the picture before the row's first cell; empty for none. Asked
+    /// only of a list that has an image list.
+    [[nodiscard]] virtual std::u16string rowPicture(std::size_t row) {
+        static_cast<void>(row);
+        return {};
+    }
     /// Whether the two below are asked at all, for every cell that is painted.
     [[nodiscard]] virtual bool hasLooks() const { return false; }
     [[nodiscard]] virtual CellLook cellLook(std::size_t row, std::size_t column) {
@@ -67,7 +76,8 @@ class VirtualList : public Control {
     /// More rows than this are not shown: the platform's own limit.
     static constexpr std::size_t kMostRows = 100'000'000;
 
-    explicit VirtualList(std::u16string_view name) : Control(name) {}
+    explicit VirtualList(std::u16string_view name)
+        : Control(name), images_([this] { changed(Change::Images); }) {}
     void accept(ControlVisitor& visitor) override;
 
     /// Not owned; must outlive the list or be reset. Clears the selection.
@@ -83,6 +93,8 @@ class VirtualList : public Control {
     /// The source's word on a cell, under the same terms.
     [[nodiscard]] std::u16string cellToolTip(CellIndex cell) const;
     [[nodiscard]] CellLook cellLook(CellIndex cell) const;
+    /// The place of the row's picture in the image list, under the same terms; none without one.
+    [[nodiscard]] std::optional<std::size_t> rowPicture(std::size_t row) const;
     [[nodiscard]] bool isGroup(std::size_t row) const;
     [[nodiscard]] bool hasLooks() const { return source_ != nullptr && source_->hasLooks(); }
     /// Tells the source which rows come next, under the same terms.
@@ -90,6 +102,10 @@ class VirtualList : public Control {
 
     void setColumns(std::vector<Column> columns);
     [[nodiscard]] const std::vector<Column>& columns() const noexcept { return columns_; }
+
+    /// Where the pictures of rows come from.
+    [[nodiscard]] const std::shared_ptr<ImageList>& images() const noexcept { return images_.list(); }
+    void setImages(std::shared_ptr<ImageList> images);
 
     [[nodiscard]] std::optional<std::size_t> selectedRow() const noexcept { return selected_; }
     /// Selects and brings into view; raises no event.
@@ -136,6 +152,7 @@ class VirtualList : public Control {
     std::vector<Column> columns_;
     std::optional<std::size_t> selected_;
     std::optional<ScrollTarget> target_;
+    ImageUse images_;
 };
 
 }  // namespace quorel::ui
