@@ -151,33 +151,16 @@ void frmSixPane::restorePlacement() {
     const std::optional<Placement> placement = readPlacement(environment_.settings);
     if (!placement)
         return;
-    const ui::Rect workArea = desktop().workArea();
-    const ui::Point position = placement->position.value_or(ui::Point{workArea.left, workArea.top});
-    const ui::Rect window =
-        fitInto(workArea, {position.x, position.y, placement->size.width, placement->size.height});
     splits_ = placement->splits;
-    if (placement->position)
-        setPosition({window.left, window.top});
-    setClientSize(window.size());
-    setMaximized(placement->maximized);
+    frame::place(*this, placement->window);
     place();
 }
 
 void frmSixPane::savePlacement() {
     if (!wasShown_)
         return;
-    Placement placement = readPlacement(environment_.settings).value_or(Placement{});
-    // A maximized window's size is the screen's; what it goes back to was written when it was that size.
-    if (!isMaximized()) {
-        placement.size = clientSize();
-        if (hasPosition())
-            placement.position = ui::Point{bounds().left, bounds().top};
-    } else if (placement.size.width <= 0_tw) {
-        placement.size = kFirstSize;
-    }
-    placement.maximized = isMaximized();
-    placement.splits = splits_;
-    writePlacement(environment_.settings, placement);
+    const Placement former = readPlacement(environment_.settings).value_or(Placement{{{}, kFirstSize}, {}});
+    writePlacement(environment_.settings, {frame::placementOf(*this, former.window), splits_});
 }
 
 void frmSixPane::buildPanes() {

@@ -165,10 +165,6 @@ class frmSixPane final : public ui::Form {
                                 const automation::Object& source, const automation::Object& target);
     /// Asks for a name, starting from `name`; true if the user confirmed.
     bool GetName(std::u16string& name, std::u16string_view caption, std::u16string_view question);
-    /// False if the node has links, or the repository keeps it.
-    bool RemoveNode(const automation::Object& node);
-    /// The ends are the link's source and target, exchanged if it is not `outgoing`.
-    void RemoveLink(const std::u16string& metaLinkName, bool outgoing, const std::u16string& identifier);
     void newNode(Pane nodes);
     void deleteNode(Pane nodes);
     void refreshLinks();

@@ -1,41 +1,12 @@
 #include "dialogs/frm_name_edit.h"
 #include "frame/attempt.h"
+#include "frame/model_edits.h"
 #include "platform/automation/calls.h"
 #include "sixpane/frm_six_pane.h"
 
 namespace quorel::sixpane {
 
-using automation::each;
 using automation::Object;
-using automation::Value;
-
-namespace {
-
-/// The links of the node along the meta links, which leave or enter its type.
-std::int64_t countLinks(const Object& node, const Object& metaLinks, std::u16string_view collection) {
-    std::int64_t links = 0;
-    for (const Object& metaLink : each(metaLinks))
-        links += node.get(collection, metaLink.get(u"name")).toObject().get(u"Count").toInteger();
-    return links;
-}
-
-/// "source->target", by names or, if one cannot be read, by identifiers.
-std::u16string proposedLinkName(const Object& source, const Object& target) {
-    const auto joined = [&](std::u16string_view member) {
-        return source.get(member).toString() + u"->" + target.get(member).toString();
-    };
-    std::u16string name;
-    if (!frame::attempt([&] { name = joined(u"name"); }))
-        name = joined(u"Identifier");
-    return name;
-}
-
-void removeFrom(const Object& collection, const std::u16string& identifier) {
-    Value removed(false);
-    collection.call(u"Remove", identifier, automation::byRef(removed));
-}
-
-}  // namespace
 
 std::u16string frmSixPane::UUID() {
     return Object(uuidGenerator_).call(u"GetUUID").toString();
@@ -63,30 +34,6 @@ bool frmSixPane::GetName(std::u16string& name, std::u16string_view caption, std:
     return true;
 }
 
-bool frmSixPane::RemoveNode(const Object& node) {
-    const Object metaNode = node.get(u"Parent").toObject();
-    const std::int64_t links = countLinks(node, metaNode.get(u"outgoing").toObject(), u"Outgoing_") +
-                               countLinks(node, metaNode.get(u"incoming").toObject(), u"Incoming_");
-    if (links != 0)
-        return false;
-    Value removed(false);
-    metaNode.get(u"Extension")
-        .toObject()
-        .call(u"Remove", node.get(u"Identifier"), automation::byRef(removed));
-    return removed.toBoolean();
-}
-
-void frmSixPane::RemoveLink(const std::u16string& metaLinkName, bool outgoing,
-                            const std::u16string& identifier) {
-    const Object metaLink = Object(repository_).get(u"MetaLinks", metaLinkName).toObject();
-    const Object link = metaLink.get(u"Extension", identifier).toObject();
-    const auto atSource = outgoing ? u"Outgoing_" : u"Incoming_";
-    const auto atTarget = outgoing ? u"Incoming_" : u"Outgoing_";
-    removeFrom(link.get(u"source").toObject().get(atSource, metaLinkName).toObject(), identifier);
-    removeFrom(link.get(u"target").toObject().get(atTarget, metaLinkName).toObject(), identifier);
-    removeFrom(metaLink.get(u"Extension").toObject(), identifier);
-}
-
 void frmSixPane::newNode(Pane nodes) {
     const Pane metaNodes = typesOf(nodes);
     const Object metaNode = pane(metaNodes).selectedObject();
@@ -112,7 +59,7 @@ void frmSixPane::deleteNode(Pane nodes) {
         return;
     // Asked first: a node that is gone need not answer any more.
     const bool isAtBothEnds = isSelected(typesOf(otherEnd(nodes)), node.get(u"Parent").toObject());
-    if (!RemoveNode(node))
+    if (!frame::removeNode(node))
         return;
     pane(nodes).removeObject(node);
     if (isAtBothEnds)
@@ -156,7 +103,7 @@ void frmSixPane::NewLink_Click() {
         if (!metaLink || !source || !target)
             return;
         const std::u16string type = metaLink.get(u"name").toString();
-        std::u16string name = proposedLinkName(source, target);
+        std::u16string name = frame::proposedLinkName(source, target);
         if (!GetName(name, u"New link of type " + type, u"Name of link:"))
             return;
         const Object link = MakeLink(name, type, source, target);
@@ -176,7 +123,7 @@ void frmSixPane::DeleteLink_Click() {
         const std::u16string identifier = link.get(u"Identifier").toString();
         if (!isLoaded())
             return;
-        RemoveLink(metaLink, true, identifier);
+        frame::removeLink(Object(repository_), metaLink, true, identifier);
         pane(Pane::Link).removeObject(link);
     });
 }
