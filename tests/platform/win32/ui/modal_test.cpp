@@ -59,29 +59,6 @@ TEST_F(Modal, AQuitMessageEndsTheShowAndIsPassedOn) {
     EXPECT_EQ(message.wParam, 7U);
 }
 
-namespace {
-
-struct FoundBox {
-    HWND window = nullptr;
-    std::u16string text;
-};
-
-BOOL CALLBACK findText(HWND window, LPARAM found) {
-    if (::GetDlgCtrlID(window) == 0xFFFF || ::GetDlgCtrlID(window) == -1 ||
-        textOf(window).find(u"Error No") == 0)
-        reinterpret_cast<FoundBox*>(found)->text += textOf(window);
-    return TRUE;
-}
-
-/// The message box that is open on this thread.
-[[nodiscard]] FoundBox openBox(const wchar_t* title) {
-    FoundBox found{::FindWindowW(L"#32770", title), {}};
-    ::EnumChildWindows(found.window, findText, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
-}  // namespace
-
 TEST_F(Modal, AMessageBoxShowsItsTextLocksTheOthersAndGivesTheAnswer) {
     Gallery gallery(*desktop);
     Gallery other(*desktop);

@@ -55,6 +55,13 @@ BOOL CALLBACK countPeers(HWND window, LPARAM count) {
     return TRUE;
 }
 
+BOOL CALLBACK findBoxText(HWND window, LPARAM found) {
+    if (::GetDlgCtrlID(window) == 0xFFFF || ::GetDlgCtrlID(window) == -1 ||
+        textOf(window).find(u"Error No") == 0)
+        reinterpret_cast<FoundBox*>(found)->text += textOf(window);
+    return TRUE;
+}
+
 }  // namespace
 
 int pump() {
@@ -209,6 +216,12 @@ std::u16string cellOf(HWND list, std::size_t row, std::size_t column) {
     text.resize(static_cast<std::size_t>(
         ::SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item))));
     return text;
+}
+
+FoundBox openBox(const wchar_t* title) {
+    FoundBox found{::FindWindowW(L"#32770", title), {}};
+    ::EnumChildWindows(found.window, findBoxText, reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 std::u16string labelFor(const ui::MenuItem& entry) {

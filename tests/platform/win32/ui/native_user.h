@@ -45,6 +45,13 @@ void type(HWND form, std::u16string_view text);
 [[nodiscard]] std::u16string textOf(HWND window);
 [[nodiscard]] std::u16string cellOf(HWND list, std::size_t row, std::size_t column);
 
+struct FoundBox {
+    HWND window = nullptr;
+    std::u16string text;
+};
+/// The message box with that title; null when there is none.
+[[nodiscard]] FoundBox openBox(const wchar_t* title);
+
 /// The command of the usable entry with that label, however deep; 0 when there is none.
 [[nodiscard]] UINT findCommand(HMENU menu, std::u16string_view label);
 /// What a menu shows for an entry.
