@@ -180,6 +180,11 @@ void Container::unrealize() noexcept {
     Control::unrealize();
 }
 
+void Container::dropHiddenPeers() noexcept {
+    if (!isVisible())
+        unrealize();
+}
+
 Control* Container::find(std::u16string_view name) const noexcept {
     for (const std::unique_ptr<Control>& child : children_) {
         if (child->name() == name)

@@ -144,6 +144,8 @@ class Container : public Control {
         return control;
     }
     [[nodiscard]] const std::vector<std::unique_ptr<Control>>& children() const noexcept { return children_; }
+    /// While it is not visible: drops the native windows of it and of all it holds, until it is shown again.
+    void dropHiddenPeers() noexcept;
     /// The descendant of that name, in depth-first order; null if there is none.
     [[nodiscard]] Control* find(std::u16string_view name) const noexcept;
     /// How far what it holds is scrolled up: its children are seen that much higher than their bounds say.

@@ -126,6 +126,15 @@ Shared open() {
     return glyph;
 }
 
+Shared edit() {
+    static constexpr Colour kWood{240, 200, 100};
+    static const Points kBody{{4.5, 9}, {11, 2.5}, {13.5, 5}, {7, 11.5}};
+    static const Points kTip{{4.5, 9}, {7, 11.5}, {2.5, 13.5}};
+    static const Shared glyph =
+        made({{kBody, kWood, 1, true, true}, {kBody, kInk, 1, true, false}, {kTip, kInk, 1, true, true}});
+    return glyph;
+}
+
 Shared refresh() {
     static const Shared glyph = made(
         {line(glyphArc({8, 8}, 5, 20, 300), kGreen), {{{9, 1}, {14, 4.2}, {9, 7}}, kGreen, 0.5, true, true}});

@@ -19,6 +19,7 @@ using Shared = std::shared_ptr<const Glyph>;
 [[nodiscard]] Shared cross();  ///< a grey cross: nothing is done
 [[nodiscard]] Shared save();
 [[nodiscard]] Shared open();
+[[nodiscard]] Shared edit();  ///< a pencil
 [[nodiscard]] Shared refresh();
 [[nodiscard]] Shared back();
 [[nodiscard]] Shared forward();
