@@ -62,8 +62,15 @@ std::unique_ptr<automation::Enumerator> CollectionDouble::enumerate() {
     return std::make_unique<Reader>(Ref<CollectionDouble>(this));
 }
 
-Object CollectionDouble::item(const std::u16string& key) {
+Object CollectionDouble::item(const Value& keyGiven) {
     script_->step(label_ + u".Item");
+    if (const std::int32_t* const position = keyGiven.getIf<std::int32_t>()) {
+        const std::int32_t index = *position - 1;
+        if (index < 0 || index >= static_cast<std::int32_t>(items.size()))
+            throw Error(error_number::kSubscriptOutOfRange);
+        return items[static_cast<std::size_t>(index)].second;
+    }
+    const std::u16string key = keyGiven.toString();
     for (const auto& [itemKey, object] : items)
         if (itemKey == key)
             return object;
@@ -330,6 +337,10 @@ const ClassTable& RepositoryDouble::classTable() const {
         ClassTable::of<RepositoryDouble>(u"Repository")
             .readOnly(u"MetaNodes", &RepositoryDouble::readMetaNodes)
             .readOnly(u"MetaLinks", &RepositoryDouble::readMetaLinks)
+            .readOnly(u"name", &RepositoryDouble::name)
+            .readOnly(u"Description", &RepositoryDouble::readDescription)
+            .readOnly(u"RepType", &RepositoryDouble::readRepType)
+            .readOnly(u"Version", &RepositoryDouble::readVersion)
             .method(u"MakeNode", &RepositoryDouble::makeNode,
                     {param(u"metaNode"), param(u"name"), param(u"identifier")})
             .method(u"MakeLink", &RepositoryDouble::makeLink,
@@ -342,6 +353,26 @@ const ClassTable& RepositoryDouble::classTable() const {
             .method(u"DeleteDynamicMetaClass", &RepositoryDouble::deleteDynamicMetaClass, {param(u"name")})
             .method(u"DeleteDynamicMetaAssoc", &RepositoryDouble::deleteDynamicMetaAssoc, {param(u"name")});
     return table;
+}
+
+std::u16string RepositoryDouble::name() {
+    script_->step(u"repository.name");
+    return shownName;
+}
+
+std::u16string RepositoryDouble::readDescription() {
+    script_->step(u"repository.Description");
+    return shownDescription;
+}
+
+std::u16string RepositoryDouble::readRepType() {
+    script_->step(u"repository.RepType");
+    return repType;
+}
+
+std::u16string RepositoryDouble::readVersion() {
+    script_->step(u"repository.Version");
+    return version;
 }
 
 Object RepositoryDouble::readMetaNodes() {

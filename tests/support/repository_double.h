@@ -58,7 +58,8 @@ class CollectionDouble final : public automation::NativeObject {
 
   private:
     class Reader;
-    automation::Object item(const std::u16string& key);
+    /// By key, or by position from 1.
+    automation::Object item(const automation::Value& key);
     std::int32_t count();
     void remove(const std::u16string& key, bool& removed);
 
@@ -180,8 +181,14 @@ class RepositoryDouble final : public automation::NativeObject {
 
     automation::Ref<CollectionDouble> metaNodes;
     automation::Ref<CollectionDouble> metaLinks;
+    std::u16string shownName = u"People", shownDescription = u"Who knows whom", repType = u"Model",
+                   version = u"1.2";
 
   private:
+    std::u16string name();
+    std::u16string readDescription();
+    std::u16string readRepType();
+    std::u16string readVersion();
     automation::Object readMetaNodes();
     automation::Object readMetaLinks();
     automation::Object makeNode(const std::u16string& type, const std::u16string& name,

@@ -20,8 +20,8 @@ void ListColumns::reset(RowKind kind) {
     columns_.push_back({Source::TargetEnd, u"Target"});
 }
 
-void ListColumns::addProperty(std::u16string name) {
-    columns_.push_back({Source::Property, name, name});
+void ListColumns::addProperty(std::u16string name, ui::Twips width) {
+    columns_.push_back({Source::Property, name, name, width});
 }
 
 void ListColumns::add(std::u16string_view caption, std::u16string_view key, ui::Twips width) {

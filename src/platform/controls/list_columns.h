@@ -25,7 +25,7 @@ class ListColumns {
   public:
     /// The columns that every list of the kind has: the name; of links also source and target.
     void reset(RowKind kind);
-    void addProperty(std::u16string name);
+    void addProperty(std::u16string name, ui::Twips width = {});
     /// The rows are of that kind from now on; the columns stay.
     void setKind(RowKind kind) noexcept { kind_ = kind; }
     /// A column with a key of its own. The keys "SourceName", "LinkName" and "TargetName" stand for the names

@@ -27,6 +27,10 @@ class TextBox;
 
 namespace quorel::controls {
 
+/// Whose name begins the rows of a list of links: that of the source, or of the target for both other modes.
+/// The values are the mode's numbers.
+enum class LinkMode : std::uint8_t { Source = 0, Link = 1, Target = 2 };
+
 /// A list whose rows are repository objects. A row costs its reference and a few bytes; a row object is asked
 /// nothing until its row is seen, sorted, filtered or searched.
 ///
@@ -66,6 +70,12 @@ class ListView : public ui::Panel, private ui::RowSource {
     void fillWithIncomingLinks(const automation::Object& node, const automation::Object& metaLink);
     void fillWithOutgoingLinks(const automation::Object& node, const automation::Object& metaLink);
 
+    /// Makes the columns of a list of that meta link's links: the name of one end, then its properties. Rows
+    /// come with `SetList_Outgoing`.
+    void setMetaLink(const automation::Object& metaLink, LinkMode mode);
+    /// The links that leave the node, or reach it when not `outgoing`; none for Nothing. The columns stay.
+    void SetList_Outgoing(const automation::Object& node, const automation::Object& metaLink, bool outgoing);
+
     // Columns that the owner gives, for the fills that keep them (see `ListColumns`).
     // --------------------------------------------------------------------
     void addColumn(std::u16string_view caption, std::u16string_view key, ui::Twips width);
@@ -98,6 +108,10 @@ class ListView : public ui::Panel, private ui::RowSource {
     [[nodiscard]] std::size_t count() const noexcept { return rows_.size(); }
     /// The rows that the filter lets through; all of them when there is none.
     [[nodiscard]] std::size_t shownCount() const noexcept { return view_.size(); }
+
+    /// The picture before every row, by its key; none for "". `images` come in the size of lists.
+    void setIcons(std::shared_ptr<ui::ImageList> images, std::u16string_view key);
+    [[nodiscard]] const std::u16string& icon() const noexcept { return icon_; }
 
     /// The background of the rows.
     void setPaneColour(ui::Colour colour);
@@ -142,6 +156,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     [[nodiscard]] std::size_t rowCount() const override { return view_.size(); }
     [[nodiscard]] std::u16string cellText(std::size_t viewRow, std::size_t column) override;
     void prepareRows(std::size_t first, std::size_t last) override;
+    [[nodiscard]] std::u16string rowPicture(std::size_t /*viewRow*/) override { return icon_; }
     void boundsChanged() override;
     void cellFailed(const automation::Error& error);
     /// The whole text of a cell, "" when it cannot be read.
@@ -193,6 +208,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     CellCache cache_;
     std::map<std::u16string, ui::Twips> userWidths_;
     std::u16string filter_;  // folded
+    std::u16string icon_;
     std::size_t sortColumn_ = 0;
     std::size_t filterColumn_ = 0;
     ui::SortOrder sortOrder_ = ui::SortOrder::None;

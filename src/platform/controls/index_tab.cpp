@@ -1,0 +1,40 @@
+#include "platform/controls/index_tab.h"
+
+namespace quorel::controls {
+
+namespace {
+
+/// Invisible before the strip can show it.
+class Page final : public ui::Panel {
+  public:
+    explicit Page(std::u16string_view name) : Panel(name) { setVisible(false); }
+};
+
+}  // namespace
+
+ui::Panel& IndexTab::addPage(std::u16string_view name) {
+    Page& page = add<Page>(name);
+    page.setBounds(clientBounds());
+    pages_.push_back(&page);
+    return page;
+}
+
+void IndexTab::hideTabs() {
+    for (std::size_t index = tabs().size(); index > 0; --index)
+        setTabVisible(index - 1, false);
+}
+
+void IndexTab::showTab(std::size_t index, std::u16string_view caption) {
+    while (tabs().size() <= index)
+        setTabVisible(addTab(u""), false);
+    setCaption(index, caption);
+    setTabVisible(index, true);
+}
+
+void IndexTab::boundsChanged() {
+    const ui::Rect area = clientBounds();
+    for (ui::Panel* const page : pages_)
+        page->setBounds(area);
+}
+
+}  // namespace quorel::controls

@@ -1,0 +1,232 @@
+// Listing the entries below an entry, page by page.
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/automation/text.h"
+#include "platform/controls/cell_text.h"
+#include "platform/controls/tree_view.h"
+#include "platform/ui/plain_controls.h"
+
+namespace quorel::controls {
+
+using automation::Object;
+using automation::Value;
+using ui::TreeItemId;
+
+namespace {
+
+/// "21,828"
+[[nodiscard]] std::u16string grouped(std::int64_t number) {
+    std::u16string digits = automation::decimal(number);
+    for (std::size_t at = digits.size(); at > 3; at -= 3)
+        digits.insert(at - 3, 1, u',');
+    return digits;
+}
+
+/// Reads until there are `wanted` objects or no more.
+void readObjects(automation::Enumerator& source, std::vector<Object>& objects, std::size_t wanted) {
+    while (objects.size() < wanted) {
+        std::vector<Value> batch(wanted - objects.size());
+        const std::size_t got = source.next(batch);
+        for (std::size_t i = 0; i < got; ++i) {
+            auto* const object = batch[i].getIf<Object>();
+            if (object == nullptr)
+                throw automation::Error(automation::error_number::kTypeMismatch);
+            if (*object)
+                objects.push_back(std::move(*object));
+        }
+        if (got < batch.size())
+            return;
+    }
+}
+
+}  // namespace
+
+TreeView::Slot& TreeView::slotAt(TreeItemId item) {
+    const std::size_t slot = ui::slotOf(item);
+    if (slot >= slots_.size())
+        slots_.resize(slot + 1);
+    return slots_[slot];
+}
+
+void TreeView::populate() {
+    if (std::exchange(populated_, true))
+        return;
+    const auto alive = keepFormAlive();
+    const ui::WaitPointer wait(desktop_);
+    list(TreeItemId::Root);
+    reportFailure();
+}
+
+bool TreeView::list(TreeItemId item) {
+    const std::uint64_t generation = generation_;
+    const std::shared_ptr<TreeEntry> entry = entryAt(item);
+    std::vector<Source> sources;
+    for (const auto& description : (entry ? *entry->description : *root_).below)
+        sources.push_back({description});
+    const std::size_t count = sources.size();
+    slotAt(item).sources = std::move(sources);
+    bool failed = false;
+    for (std::size_t source = 0; source < count; ++source) {
+        try {
+            if (!listSource(item, source))
+                return false;
+        } catch (...) {
+            if (generation != generation_)
+                return false;
+            failed = true;
+            noteFailure();
+        }
+    }
+    if (entry)
+        entry->isListed = !failed || tree_->childCount(item) > 0;
+    return true;
+}
+
+bool TreeView::listSource(TreeItemId item, std::size_t index) {
+    const std::uint64_t generation = generation_;
+    const std::shared_ptr<const TreeDescription> description = sourceAt(item, index).description;
+    const std::shared_ptr<TreeEntry> above = entryAt(item);
+    if (!standsForInstances(description->kind)) {
+        addEntry(item, std::make_shared<TreeEntry>(TreeEntry{description, {}, above}), description->caption,
+                 TreeItemId::None);
+        return true;
+    }
+    Object collection = collectionBelow(above.get(), *description, Object(repository_));
+    std::unique_ptr<automation::Enumerator> rest = collection.enumerate();
+    if (generation != generation_)
+        return false;
+    sourceAt(item, index).collection = std::move(collection);
+    sourceAt(item, index).rest = std::move(rest);
+    return listMore(item, index, kPage);
+}
+
+bool TreeView::listMore(TreeItemId item, std::size_t index, std::size_t count) {
+    const std::uint64_t generation = generation_;
+    std::vector<Object> objects;
+    if (const Object& ahead = sourceAt(item, index).ahead)
+        objects.push_back(ahead);
+    // Out of the host's reach while it is asked.
+    std::unique_ptr<automation::Enumerator> rest = std::move(sourceAt(item, index).rest);
+    if (!rest)
+        return true;
+    try {
+        readObjects(*rest, objects, count + 1);
+    } catch (...) {
+        // The user may try again.
+        if (generation == generation_)
+            sourceAt(item, index).rest = std::move(rest);
+        throw;
+    }
+    if (generation != generation_)
+        return false;
+    Source& source = sourceAt(item, index);
+    source.rest = std::move(rest);
+    source.ahead = objects.size() > count ? objects[count] : Object();
+    objects.resize(std::min(objects.size(), count));
+    for (Object& instance : objects)
+        if (!addInstance(item, index, std::move(instance)))
+            return false;
+    return showMore(item, index);
+}
+
+bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) {
+    const std::uint64_t generation = generation_;
+    auto entry = std::make_shared<TreeEntry>(
+        TreeEntry{sourceAt(item, index).description, std::move(instance), entryAt(item)});
+    std::u16string text;
+    try {
+        text = instanceText(entry->kind(), entry->instance);
+    } catch (...) {
+        text = kUnreadableMark;
+        if (generation == generation_)
+            noteFailure();
+    }
+    if (generation != generation_)
+        return false;
+    Source& source = sourceAt(item, index);
+    entry->position = source.listed++;
+    const TreeItemId before = source.more;
+    addEntry(item, std::move(entry), std::move(text), before);
+    return true;
+}
+
+void TreeView::addEntry(TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,
+                        TreeItemId before) {
+    const TreeDescription& description = *entry->description;
+    const TreeItemId item =
+        tree_->add(parent, {std::move(text), description.icon, false, !description.below.empty()}, before);
+    entry->item = item;
+    slotAt(item) = {std::move(entry)};
+}
+
+bool TreeView::showMore(TreeItemId item, std::size_t index) {
+    if (!sourceAt(item, index).ahead) {
+        const TreeItemId more = std::exchange(sourceAt(item, index).more, TreeItemId::None);
+        sourceAt(item, index).rest.reset();
+        tree_->remove(more);
+        return true;
+    }
+    const std::uint64_t generation = generation_;
+    const auto listed = static_cast<std::int64_t>(sourceAt(item, index).listed);
+    std::int64_t total = 0;
+    try {
+        total = Object(sourceAt(item, index).collection).get(u"Count").toInteger();
+    } catch (...) {
+        if (generation == generation_)
+            noteFailure();
+    }
+    if (generation != generation_)
+        return false;
+    total = std::max(total, listed + 1);
+    const std::u16string text =
+        grouped(std::min<std::int64_t>(kPage, total - listed)) + u" more of " + grouped(total);
+    Source& source = sourceAt(item, index);
+    if (source.more != TreeItemId::None) {
+        tree_->setItemText(source.more, text);
+        return true;
+    }
+    const TreeItemId more = tree_->add(item, {text});
+    slotAt(more) = {};
+    sourceAt(item, index).more = more;
+    return true;
+}
+
+void TreeView::listMoreAt(TreeItemId more) {
+    const TreeItemId parent = tree_->parentOf(more);
+    const std::vector<Source>& sources = slotAt(parent).sources;
+    const auto at = std::find_if(sources.begin(), sources.end(),
+                                 [more](const Source& source) { return source.more == more; });
+    if (at == sources.end())
+        return;
+    const ui::WaitPointer wait(desktop_);
+    const TreeItemId last = tree_->previousSibling(more);
+    try {
+        if (!listMore(parent, static_cast<std::size_t>(at - sources.begin()), kPage))
+            return;
+    } catch (...) {
+        noteFailure();
+    }
+    TreeItemId next = tree_->nextSibling(last);
+    // What stands for more is never what the user stands on.
+    if (next == more)
+        next = last;
+    tree_->select(next);
+    const std::shared_ptr<TreeEntry> entry = entryAt(next);
+    reportFailure();
+    if (entry)
+        onNodeClick.raise(entry);
+}
+
+void TreeView::noteFailure() {
+    if (!failure_)
+        failure_ = automation::currentError();
+}
+
+void TreeView::reportFailure() {
+    if (const auto failure = std::exchange(failure_, std::nullopt))
+        onFailure.raise(*failure);
+}
+
+}  // namespace quorel::controls
