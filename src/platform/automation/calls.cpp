@@ -1,8 +1,27 @@
 #include "platform/automation/calls.h"
 
+#include <algorithm>
+
 #include "platform/automation/error.h"
 
 namespace quorel::automation {
+
+void Enumerator::nextObjects(std::span<Object> objects, std::size_t& filled) {
+    std::array<Value, 64> batch;
+    filled = 0;
+    while (filled < objects.size()) {
+        const std::size_t wanted = std::min(objects.size() - filled, batch.size());
+        const std::size_t got = next(std::span(batch).first(wanted));
+        for (std::size_t i = 0; i < got; ++i) {
+            auto* const element = batch[i].getIf<Object>();
+            if (element == nullptr)
+                throw Error(error_number::kTypeMismatch);
+            objects[filled++] = std::move(*element);
+        }
+        if (got < wanted)
+            return;
+    }
+}
 
 MemberId Member::resolve(const Object& object, const void* key) const {
     const MemberId id = object.resolve(name_);

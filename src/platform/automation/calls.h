@@ -16,6 +16,10 @@ class Enumerator {
     virtual ~Enumerator() = default;
     /// Fills `values` from the front and returns how many; fewer than asked means the end is reached.
     virtual std::size_t next(std::span<Value> values) = 0;
+    /// The same for a collection of objects, where that saves the values. `objects` must be empty references;
+    /// a null element is one, too. Throws `Error` 13 at an element that is no object. `filled` counts those
+    /// in place, also when it throws.
+    virtual void nextObjects(std::span<Object> objects, std::size_t& filled);
 };
 
 /// A member name with the id it had on the last type that was proven, for call sites that ask many objects of

@@ -43,6 +43,34 @@ TEST(Enumeration, AnElementThatIsNoObjectIsError13AndNothingIsPassedOn) {
     EXPECT_EQ(seen, 1);
 }
 
+TEST(Enumeration, ObjectsAreReadInBatchesOfAnySize) {
+    const std::vector<Value> items = samples(200);
+    for (const std::size_t batch : {1U, 63U, 64U, 65U, 256U}) {
+        const Object list = make<ListDouble>(items);
+        const auto source = list.enumerate();
+        std::size_t seen = 0;
+        std::size_t filled = batch;
+        while (filled == batch) {
+            std::vector<Object> read(batch);
+            source->nextObjects(read, filled);
+            for (std::size_t i = 0; i < filled; ++i)
+                EXPECT_TRUE(read[i] == items[seen++].toObject());
+        }
+        EXPECT_EQ(seen, items.size());
+    }
+}
+
+TEST(Enumeration, ObjectsBeforeAnElementThatIsNoneAreInPlace) {
+    std::vector<Value> mixed = samples(70);
+    mixed[66] = Value(7);
+    const Object list = make<ListDouble>(mixed);
+    std::vector<Object> read(70);
+    std::size_t filled = 0;
+    EXPECT_EQ(errorNumber([&] { list.enumerate()->nextObjects(read, filled); }), 13);
+    EXPECT_EQ(filled, 66U);
+    EXPECT_TRUE(read[65] == mixed[65].toObject());
+}
+
 TEST(Enumeration, AnObjectThatIsNoCollectionIsError451) {
     const Object object = make<SampleDouble>();
     EXPECT_EQ(errorNumber([&] { static_cast<void>(each(object)); }), 451);

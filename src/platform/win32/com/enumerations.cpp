@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
+#include "platform/automation/error.h"
 #include "platform/win32/com/bridge.h"
 #include "platform/win32/com/com_object.h"
 #include "platform/win32/com/failures.h"
@@ -14,6 +16,7 @@ namespace quorel::win32 {
 namespace {
 
 using automation::Enumerator;
+using automation::Error;
 using automation::Object;
 using automation::Value;
 
@@ -24,28 +27,56 @@ class ForeignEnumerator final : public Enumerator {
     std::size_t next(std::span<Value> values) override {
         std::size_t filled = 0;
         while (filled < values.size() && !ended_)
-            filled += nextBatch(values.subspan(filled));
+            for (Variant& element : nextBatch(values.size() - filled))
+                values[filled++] = takeVariant(*element);
         return filled;
+    }
+
+    void nextObjects(std::span<Object> objects, std::size_t& filled) override {
+        filled = 0;
+        while (filled < objects.size() && !ended_) {
+            Object* next = objects.data() + filled;
+            for (Variant& element : nextBatch(objects.size() - filled)) {
+                if (V_VT(element.get()) == VT_DISPATCH && isForeign(V_DISPATCH(element.get()))) {
+                    V_VT(element.get()) = VT_EMPTY;
+                    std::construct_at(next++, Object::adopt(foreignBinding(), V_DISPATCH(element.get())));
+                    continue;
+                }
+                filled = static_cast<std::size_t>(next - objects.data());
+                *next++ = takeObject(*element);
+            }
+            filled = static_cast<std::size_t>(next - objects.data());
+        }
     }
 
   private:
     static constexpr std::size_t kBatch = 64;
 
-    std::size_t nextBatch(std::span<Value> values) {
-        const auto wanted = static_cast<ULONG>(std::min(values.size(), kBatch));
+    static Object takeObject(VARIANT& element) {
+        Value taken = takeVariant(element);
+        auto* const object = taken.getIf<Object>();
+        if (object == nullptr)
+            throw Error(automation::error_number::kTypeMismatch);
+        return std::move(*object);
+    }
+
+    /// At most `count`, to be taken out.
+    std::span<Variant> nextBatch(std::size_t count) {
+        for (Variant& leftByFailure : std::span(batch_).first(left_))
+            leftByFailure.clear();
+        const auto wanted = static_cast<ULONG>(std::min(count, kBatch));
         ULONG fetched = 0;
         const HRESULT status = items_->Next(wanted, batch_[0].get(), &fetched);
         if (FAILED(status))
             throw errorOfCall(status);
-        fetched = std::min(fetched, wanted);
-        ended_ = status != S_OK || fetched == 0;
-        for (ULONG i = 0; i < fetched; ++i)
-            values[i] = takeVariant(*batch_[i]);
-        return fetched;
+        left_ = std::min(fetched, wanted);
+        ended_ = status != S_OK || left_ == 0;
+        return std::span(batch_).first(left_);
     }
 
     ComPtr<IEnumVARIANT> items_;
     std::array<Variant, kBatch> batch_;
+    ULONG left_ = 0;
     bool ended_ = false;
 };
 

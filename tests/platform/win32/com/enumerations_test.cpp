@@ -28,8 +28,8 @@ std::vector<Value> numbers(std::int32_t count) {
 /// A collection of somebody else's that answers `For Each`, and counts how it is read.
 class FakeItems final : public ComObject<IEnumVARIANT> {
   public:
-    FakeItems(std::vector<ComPtr<IDispatch>> items, int failAfter = -1)
-        : items_(std::move(items)), failAfter_(failAfter) {}
+    FakeItems(std::vector<ComPtr<IDispatch>> items, int failAfter = -1, std::size_t numberAt = SIZE_MAX)
+        : items_(std::move(items)), failAfter_(failAfter), numberAt_(numberAt) {}
     int calls = 0;
 
     STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override {
@@ -38,6 +38,11 @@ class FakeItems final : public ComObject<IEnumVARIANT> {
             return E_FAIL;
         ULONG filled = 0;
         for (; filled < count && position_ < items_.size(); ++filled, ++position_) {
+            if (position_ == numberAt_) {
+                V_VT(&values[filled]) = VT_I4;
+                V_I4(&values[filled]) = 7;
+                continue;
+            }
             V_VT(&values[filled]) = VT_DISPATCH;
             V_DISPATCH(&values[filled]) = ComPtr<IDispatch>(items_[position_]).detach();
         }
@@ -51,6 +56,7 @@ class FakeItems final : public ComObject<IEnumVARIANT> {
   private:
     std::vector<ComPtr<IDispatch>> items_;
     int failAfter_;
+    std::size_t numberAt_;
     std::size_t position_ = 0;
 };
 
@@ -153,6 +159,40 @@ TEST(Enumerations, AFailureInTheMiddleIsThrown) {
     };
     EXPECT_THROW(readAll(), automation::Error);
     EXPECT_EQ(seen, 64);
+}
+
+TEST(Enumerations, ObjectsAreReadWithoutValues) {
+    const int alive = FakeDispatch::alive();
+    {
+        std::vector<ComPtr<IDispatch>> objects(100);
+        for (std::size_t i = 1; i < objects.size(); ++i)
+            objects[i] = ComPtr<IDispatch>(fake().get());
+        const Object collection = collectionOf(makeCom<FakeItems>(objects));
+        const auto source = collection.enumerate();
+        std::vector<Object> read(150);
+        std::size_t filled = 0;
+        source->nextObjects(read, filled);
+        ASSERT_EQ(filled, 100U);
+        EXPECT_FALSE(read[0]);
+        EXPECT_EQ(read[99].identity(), objects[99].get());
+    }
+    EXPECT_EQ(FakeDispatch::alive(), alive);
+}
+
+TEST(Enumerations, AnElementThatIsNoObjectEndsTheObjectsBeforeIt) {
+    const int alive = FakeDispatch::alive();
+    {
+        std::vector<ComPtr<IDispatch>> objects;
+        for (int i = 0; i < 10; ++i)
+            objects.emplace_back(fake().get());
+        const Object collection = collectionOf(makeCom<FakeItems>(objects, -1, 4));
+        const auto source = collection.enumerate();
+        std::vector<Object> read(10);
+        std::size_t filled = 0;
+        EXPECT_THROW(source->nextObjects(read, filled), automation::Error);
+        EXPECT_EQ(filled, 4U);
+    }
+    EXPECT_EQ(FakeDispatch::alive(), alive);
 }
 
 }  // namespace
