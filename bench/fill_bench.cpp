@@ -71,9 +71,9 @@ void compareFill(const char* peer, controls::ListView& view, const Object& metaN
                  bool keeping) {
     std::vector<double> fills, peers, ratios;
     for (int run = 0; run < 11; ++run) {
-        view.empty();
+        view.clearRows();
         fills.push_back(bench::seconds([&] { view.fillWithExtension(metaNode, false); }));
-        view.empty();
+        view.clearRows();
         Nodes kept;
         peers.push_back(bench::seconds([&] {
             if (!keeping)
@@ -104,7 +104,7 @@ int main() {
         const Object metaNode = automation::make<MetaNode>(win32::fromDispatch(extension.get()));
         compareFill("bare enumeration", view, metaNode, *extension.get(), false);
         compareFill("bare enumeration that keeps", view, metaNode, *extension.get(), true);
-        view.empty();
+        view.clearRows();
     }
     ::OleUninitialize();
     return 0;

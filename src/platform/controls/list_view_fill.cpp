@@ -1,3 +1,4 @@
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -52,7 +53,7 @@ void ListView::prepareColumns(const FillRequest& request) {
         if (request.kind == RowKind::Links)
             columns_.beginWithEndName(request.farEnd);
     } else {
-        dropColumns();
+        endSorting();
         columns_.reset(request.kind);
     }
     setFilterColumn(0);
@@ -97,17 +98,17 @@ void ListView::readProperties(const Object& metaObject, std::uint64_t generation
 
 void ListView::enumerate(const Object& collection, std::uint64_t generation, RowStore& incoming) const {
     const std::unique_ptr<automation::Enumerator> source = collection.enumerate();
-    std::vector<Value> batch(kBatch);
+    std::vector<Object> batch(kBatch);
     std::size_t got = kBatch;
+    const auto taken = [&] { return std::span(batch).first(got); };
     while (got == kBatch && generation == generation_) {
-        got = source->next(batch);
-        for (std::size_t i = 0; i < got; ++i) {
-            auto* const object = batch[i].getIf<Object>();
-            if (object == nullptr)
-                throw automation::Error(automation::error_number::kTypeMismatch);
-            if (*object)
-                incoming.push(std::move(*object));
+        try {
+            source->nextObjects(batch, got);
+        } catch (...) {
+            incoming.append(taken());
+            throw;
         }
+        incoming.append(taken());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/controls/row_store.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/automation/error.h"
@@ -9,6 +10,23 @@ namespace quorel::controls {
 RowStore::~RowStore() {
     for (std::size_t row = 0; row < size_; ++row)
         bindingOf(wordAt(row)).release(instanceOf(wordAt(row)));
+}
+
+void RowStore::append(std::span<automation::Object> objects) {
+    while (!objects.empty()) {
+        if (size_ == capacity_)
+            grow();
+        const auto fitting = objects.first(std::min(objects.size(), capacity_ - size_));
+        std::uintptr_t* next = &blocks_.back()[size_ % kBlock];
+        std::uintptr_t* const start = next;
+        for (automation::Object& object : fitting) {
+            const std::uintptr_t tag = object.binding() == bindings_[0] || !object ? 0 : tagOf(object);
+            if (const auto word = reinterpret_cast<std::uintptr_t>(object.detach()))
+                *next++ = word | tag;
+        }
+        size_ += static_cast<std::size_t>(next - start);
+        objects = objects.subspan(fitting.size());
+    }
 }
 
 std::uintptr_t RowStore::tagOf(const automation::Object& object) {
@@ -21,14 +39,26 @@ std::uintptr_t RowStore::tagOf(const automation::Object& object) {
     throw automation::Error(automation::error_number::kInternal);
 }
 
-void RowStore::addBlock() {
-    blocks_.push_back(std::make_unique_for_overwrite<std::uintptr_t[]>(kBlock));
+void RowStore::grow() {
+    if (capacity_ >= kBlock) {
+        blocks_.push_back(std::make_unique_for_overwrite<std::uintptr_t[]>(kBlock));
+        capacity_ += kBlock;
+        return;
+    }
+    const std::size_t larger = std::max(kSmallest, capacity_ * 8);
+    auto grown = std::make_unique_for_overwrite<std::uintptr_t[]>(larger);
+    if (blocks_.empty())
+        blocks_.emplace_back();
+    std::copy_n(blocks_[0].get(), size_, grown.get());
+    blocks_[0] = std::move(grown);
+    capacity_ = larger;
 }
 
 void RowStore::swap(RowStore& other) noexcept {
     bindings_.swap(other.bindings_);
     blocks_.swap(other.blocks_);
     std::swap(size_, other.size_);
+    std::swap(capacity_, other.capacity_);
 }
 
 void RowStore::remove(std::size_t row) {
@@ -37,8 +67,10 @@ void RowStore::remove(std::size_t row) {
     for (std::size_t next = row + 1; next < size_; ++next)
         wordAt(next - 1) = wordAt(next);
     --size_;
-    if (size_ % kBlock == 0)
+    if (size_ > 0 && size_ % kBlock == 0) {
         blocks_.pop_back();
+        capacity_ -= kBlock;
+    }
 }
 
 std::size_t RowStore::find(const automation::Object& object) const noexcept {

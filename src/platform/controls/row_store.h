@@ -4,15 +4,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "platform/automation/object.h"
 
 namespace quorel::controls {
 
-/// Counted references to the row objects, one word each, in blocks, so that growing to a million never copies
-/// one. The lowest bits of a word, which are zero in every instance pointer, tell the binding; objects of at
-/// most four bindings can be held (there are two in a process: its own objects and the platform's).
+/// Counted references to the row objects, one word each, in large blocks, of which only the first is ever
+/// copied as it grows. The lowest bits of a word, which are zero in every instance pointer, tell the binding;
+/// objects of at most four bindings can be held (there are two in a process: its own objects and the
+/// platform's).
 class RowStore {
   public:
     RowStore() = default;
@@ -28,11 +30,13 @@ class RowStore {
     /// The object must not be empty.
     void push(automation::Object&& object) {
         const std::uintptr_t tag = object.binding() == bindings_[0] ? 0 : tagOf(object);
-        if (size_ % kBlock == 0)
-            addBlock();
+        if (size_ == capacity_)
+            grow();
         blocks_.back()[size_ % kBlock] = reinterpret_cast<std::uintptr_t>(object.detach()) | tag;
         ++size_;
     }
+    /// Takes the references over; empty ones are left out.
+    void append(std::span<automation::Object> objects);
     /// The rows behind it move up.
     void remove(std::size_t row);
 
@@ -45,7 +49,8 @@ class RowStore {
     [[nodiscard]] std::size_t find(const automation::Object& object) const noexcept;
 
   private:
-    static constexpr std::size_t kBlock = 8192;
+    static constexpr std::size_t kBlock = std::size_t{1} << 17U;
+    static constexpr std::size_t kSmallest = 256;
     static constexpr std::uintptr_t kTagMask = 3;
 
     [[nodiscard]] std::uintptr_t& wordAt(std::size_t row) const noexcept {
@@ -58,12 +63,13 @@ class RowStore {
         return reinterpret_cast<void*>(word & ~kTagMask);
     }
     [[nodiscard]] std::uintptr_t tagOf(const automation::Object& object);
-    void addBlock();
+    void grow();
     void swap(RowStore& other) noexcept;
 
     std::array<const automation::Binding*, kTagMask + 1> bindings_{};
     std::vector<std::unique_ptr<std::uintptr_t[]>> blocks_;
     std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
 };
 
 }  // namespace quorel::controls

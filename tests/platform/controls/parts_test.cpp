@@ -134,6 +134,28 @@ TEST(RowStore, GrowsFindsAndRemovesAcrossItsBlocks) {
     EXPECT_EQ(automation::NativeObject::liveCount(), before);
 }
 
+TEST(RowStore, TakesManyAndLeavesTheEmptyOut) {
+    Calls calls;
+    const std::int64_t before = automation::NativeObject::liveCount();
+    {
+        const Object thing = automation::make<Thing>(calls);
+        const Object last = automation::make<Thing>(calls);
+        RowStore rows;
+        for (int i = 0; i < 300'000 / 1'000; ++i) {
+            std::vector<Object> batch(1'000, thing);
+            batch[i].reset();
+            rows.append(batch);
+        }
+        EXPECT_EQ(rows.size(), 299'700U);
+        rows.push(Object(last));
+        EXPECT_EQ(rows.find(last), 299'700U);
+        EXPECT_TRUE(rows[262'144] == thing);
+        const RowStore moved = std::move(rows);
+        EXPECT_TRUE(moved[299'700] == last);
+    }
+    EXPECT_EQ(automation::NativeObject::liveCount(), before);
+}
+
 TEST(CellCache, RemembersAPageAndForgetsWhatIsFar) {
     CellCache cache;
     EXPECT_FALSE(cache.find(0, 0));
