@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ui/check_box.h"
 #include "platform/ui/combo_box.h"
@@ -18,6 +19,9 @@
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/ui/progress_bar.h"
+#include "platform/ui/scroll_panel.h"
+#include "platform/ui/tab_strip.h"
+#include "platform/ui/tree.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::conformance {
@@ -66,8 +70,17 @@ class Backend {
     virtual void pageDown(ui::VirtualList& list) = 0;
     virtual void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) = 0;
     virtual void clickColumn(ui::VirtualList& list, std::size_t column) = 0;
-    /// Types characters into the list that has the focus, to find a row.
-    virtual void typeToFind(ui::VirtualList& list, std::u16string_view text) = 0;
+    /// Types characters into the list or tree that has the focus, to find something.
+    virtual void typeToFind(ui::Control& control, std::u16string_view text) = 0;
+    /// A click on an item that is shown; two of them fast; one on its button.
+    virtual void clickItem(ui::Tree& tree, ui::TreeItemId item) = 0;
+    virtual void doubleClickItem(ui::Tree& tree, ui::TreeItemId item) = 0;
+    virtual void clickItemButton(ui::Tree& tree, ui::TreeItemId item) = 0;
+    /// Right click on an item and a choice, by the entry's name.
+    virtual void chooseContextMenu(ui::Tree& tree, ui::TreeItemId item, std::u16string_view entry) = 0;
+    virtual void clickTab(ui::TabStrip& strip, std::size_t index) = 0;
+    /// Moves the scroll bar's thumb.
+    virtual void scrollTo(ui::ScrollPanel& panel, ui::Twips top) = 0;
     /// Chooses an entry of the form's menu bar by its name.
     virtual void chooseMenu(ui::Form& form, std::u16string_view entry) = 0;
     /// Opens the control's context menu and chooses an entry by its name.
@@ -92,6 +105,20 @@ class Backend {
     [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                                   std::size_t column) = 0;
     [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;
+    /// The key of the picture before a row, read by the place of its native picture; empty for none.
+    [[nodiscard]] virtual std::u16string seenPicture(ui::VirtualList& list, std::size_t row) = 0;
+    /// The items that a tree shows, two blanks before each for every one above it, then "- " for an open one,
+    /// "+ " for one that can be opened, ". " for any other, its text, " [key]" of its picture, "!" when bold
+    /// and "*" when selected.
+    [[nodiscard]] virtual std::vector<std::u16string> seenItems(const ui::Tree& tree) = 0;
+    /// True if the item is inside the tree's window now.
+    [[nodiscard]] virtual bool seesItem(const ui::Tree& tree, ui::TreeItemId item) = 0;
+    /// The captions of a strip's tabs, with a "*" before that of the selected one.
+    [[nodiscard]] virtual std::vector<std::u16string> seenTabs(const ui::TabStrip& strip) = 0;
+    /// Where a control's upper edge is in what it stands in.
+    [[nodiscard]] virtual ui::Twips seenTop(const ui::Control& control) = 0;
+    /// How high a line of the label's font is, in points.
+    [[nodiscard]] virtual int seenPoints(const ui::Label& label) = 0;
     /// Live peers, of all forms.
     [[nodiscard]] virtual std::size_t peerCount() = 0;
 

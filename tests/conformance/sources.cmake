@@ -8,5 +8,7 @@ set(QUOREL_CONFORMANCE_SOURCES
     ${CMAKE_SOURCE_DIR}/tests/conformance/keyboard.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/lists.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/navigation.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/pages.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/reentrancy.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/trees.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/window.cpp)

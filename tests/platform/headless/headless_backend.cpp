@@ -38,9 +38,17 @@ class HeadlessBackend final : public Backend {
         user_.resizeColumn(list, column, width);
     }
     void clickColumn(ui::VirtualList& list, std::size_t column) override { user_.clickColumn(list, column); }
-    void typeToFind(ui::VirtualList& list, std::u16string_view text) override {
-        user_.type(*list.form(), text);
+    void typeToFind(ui::Control& control, std::u16string_view text) override {
+        user_.type(*control.form(), text);
     }
+    void clickItem(ui::Tree& tree, ui::TreeItemId item) override { user_.clickItem(tree, item); }
+    void doubleClickItem(ui::Tree& tree, ui::TreeItemId item) override { user_.doubleClickItem(tree, item); }
+    void clickItemButton(ui::Tree& tree, ui::TreeItemId item) override { user_.clickItemButton(tree, item); }
+    void chooseContextMenu(ui::Tree& tree, ui::TreeItemId item, std::u16string_view entry) override {
+        user_.chooseContextMenu(tree, item, entry);
+    }
+    void clickTab(ui::TabStrip& strip, std::size_t index) override { user_.clickTab(strip, index); }
+    void scrollTo(ui::ScrollPanel& panel, ui::Twips top) override { user_.scrollTo(panel, top); }
     void chooseMenu(ui::Form& form, std::u16string_view entry) override { user_.chooseMenu(form, entry); }
     void chooseContextMenu(ui::Control& control, std::u16string_view entry) override {
         user_.chooseContextMenu(control, entry);
@@ -78,6 +86,24 @@ class HeadlessBackend final : public Backend {
     [[nodiscard]] std::size_t seenRowCount(ui::VirtualList& list) override {
         return list.peer() != nullptr ? list.rowCount() : 0;
     }
+    [[nodiscard]] std::u16string seenPicture(ui::VirtualList& list, std::size_t row) override {
+        return list.rowPicture(row) ? list.source()->rowPicture(row) : std::u16string();
+    }
+    [[nodiscard]] std::vector<std::u16string> seenItems(const ui::Tree& tree) override;
+    [[nodiscard]] bool seesItem(const ui::Tree& tree, ui::TreeItemId item) override {
+        return tree.peer() != nullptr && tree.isItemShown(item);
+    }
+    [[nodiscard]] std::vector<std::u16string> seenTabs(const ui::TabStrip& strip) override {
+        std::vector<std::u16string> tabs;
+        for (std::size_t i = 0; i < strip.tabs().size(); ++i)
+            if (strip.tabs()[i].visible)
+                tabs.push_back((strip.selected() == i ? u"*" : u"") + strip.tabs()[i].caption);
+        return tabs;
+    }
+    [[nodiscard]] ui::Twips seenTop(const ui::Control& control) override {
+        return control.bounds().top - control.parent()->scrolled();
+    }
+    [[nodiscard]] int seenPoints(const ui::Label& label) override { return label.font().points; }
     [[nodiscard]] std::size_t peerCount() override { return desktop_.livePeers(); }
     void verify() override { desktop_.verify(); }
 
@@ -85,6 +111,25 @@ class HeadlessBackend final : public Backend {
     headless::HeadlessDesktop desktop_;
     headless::User user_{desktop_};
 };
+
+std::vector<std::u16string> HeadlessBackend::seenItems(const ui::Tree& tree) {
+    std::vector<std::u16string> lines;
+    for (ui::TreeItemId item = tree.shownAfter(ui::TreeItemId::Root); item != ui::TreeItemId::None;
+         item = tree.shownAfter(item)) {
+        std::u16string& line = lines.emplace_back();
+        for (ui::TreeItemId above = tree.parentOf(item); above != ui::TreeItemId::Root;
+             above = tree.parentOf(above))
+            line += u"  ";
+        line += tree.isExpanded(item) ? u"- " : tree.mayHaveChildren(item) ? u"+ " : u". ";
+        line += ui::shownText(tree.itemText(item));
+        const std::u16string& key = tree.itemPicture(item);
+        if (tree.images() && tree.images()->placeOf(key))
+            line += u" [" + key + u"]";
+        line += tree.isBold(item) ? u"!" : u"";
+        line += tree.selected() == item ? u"*" : u"";
+    }
+    return lines;
+}
 
 }  // namespace
 

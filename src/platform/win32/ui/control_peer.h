@@ -23,6 +23,9 @@ class ControlPeer : public ui::Peer {
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override {
         return std::shared_ptr(window_)->cellBounds(cell);
     }
+    void applyItem(ui::TreeItemId item, ui::TreeChange change) override {
+        std::shared_ptr(window_)->applyItem(item, change);
+    }
 
     [[nodiscard]] NativeWindow& window() const noexcept { return *window_; }
 

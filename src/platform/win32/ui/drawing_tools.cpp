@@ -1,9 +1,14 @@
 #include "platform/win32/ui/drawing_tools.h"
 
+#include "platform/win32/text.h"
 #include "platform/win32/ui/native_scope.h"
 #include "platform/win32/ui/pictures.h"
 
 namespace quorel::win32 {
+
+namespace {
+constexpr int kPointsPerInch = 72;
+}
 
 int lineHeight(HFONT font) noexcept {
     const MemoryDc dc(::CreateCompatibleDC(nullptr));
@@ -17,6 +22,21 @@ HFONT DrawingTools::font(std::int32_t dpi, bool bold) {
     LOGFONTW wanted = messageFont(dpi);
     if (bold)
         wanted.lfWeight = FW_BOLD;
+    return made(wanted);
+}
+
+HFONT DrawingTools::font(std::int32_t dpi, const ui::Font& wanted) {
+    LOGFONTW font = messageFont(dpi);
+    if (wanted.bold)
+        font.lfWeight = FW_BOLD;
+    if (wanted.points > 0)
+        font.lfHeight = -::MulDiv(wanted.points, dpi, kPointsPerInch);
+    if (!wanted.family.empty())
+        ::lstrcpynW(font.lfFaceName, wide(wanted.family), LF_FACESIZE);
+    return made(font);
+}
+
+HFONT DrawingTools::made(const LOGFONTW& wanted) {
     const std::string key(reinterpret_cast<const char*>(&wanted), sizeof(wanted));
     const std::lock_guard lock(mutex_);
     CountedFont& font = fonts_[key];

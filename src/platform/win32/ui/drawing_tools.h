@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/ui/colour.h"
+#include "platform/ui/font.h"
 #include "platform/win32/ui/live_counts.h"
 
 namespace quorel::win32 {
@@ -41,9 +42,13 @@ class DrawingTools {
   public:
     /// The message font at that resolution, as the system's settings are now.
     [[nodiscard]] HFONT font(std::int32_t dpi, bool bold = false);
+    /// The same where `wanted` does not differ from it.
+    [[nodiscard]] HFONT font(std::int32_t dpi, const ui::Font& wanted);
     [[nodiscard]] HBRUSH brush(ui::Colour colour);
 
   private:
+    [[nodiscard]] HFONT made(const LOGFONTW& wanted);
+
     std::mutex mutex_;
     std::map<std::string, CountedFont> fonts_;
     std::map<std::uint32_t, CountedBrush> brushes_;

@@ -60,7 +60,6 @@ class FormWindow : public NativeWindow {
     [[nodiscard]] bool isEcho(const RECT& client);
     void limitSize(MINMAXINFO& limits) const;
     void moveToResolution(std::int32_t dpi, const RECT& wanted);
-    void paintBackground(HDC dc) const;
     void focusInside();
     void settingsChanged();
 

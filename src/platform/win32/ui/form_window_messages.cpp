@@ -24,7 +24,7 @@ std::optional<LRESULT> FormWindow::serveForm(UINT message, WPARAM w, LPARAM l) {
                 form()->userClosed();
             return 0;
         case WM_ERASEBKGND:
-            paintBackground(reinterpret_cast<HDC>(w));
+            fillBackground(reinterpret_cast<HDC>(w));
             return 1;
         case WM_SETFOCUS:
             focusInside();
@@ -161,13 +161,6 @@ void FormWindow::settingsChanged() {
     if (frame()->font() != before)
         rescaled();
     ::RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-void FormWindow::paintBackground(HDC dc) const {
-    RECT client{};
-    ::GetClientRect(handle(), &client);
-    const std::optional<ui::Colour> colour = background();
-    ::FillRect(dc, &client, colour ? services().tools.brush(*colour) : ::GetSysColorBrush(COLOR_BTNFACE));
 }
 
 /// The window itself is no place for the focus while it holds a control that is.

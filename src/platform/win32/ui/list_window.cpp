@@ -7,6 +7,7 @@
 #include "platform/win32/text.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/system_headers.h"
+#include "platform/win32/ui/window_scopes.h"
 
 namespace quorel::win32 {
 
@@ -14,39 +15,6 @@ namespace {
 
 constexpr int kRowSpace = 5;  // pixels at 96 dots per inch
 constexpr std::size_t kMostTitleUnits = 259;
-
-/// Stops painting while the content is exchanged.
-class RedrawPause {
-  public:
-    explicit RedrawPause(HWND window) noexcept
-        : window_(window), visible_(::IsWindowVisible(window) != FALSE) {
-        if (visible_)
-            ::SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-    }
-    ~RedrawPause() {
-        if (visible_)
-            ::SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-    }
-    RedrawPause(const RedrawPause&) = delete;
-    RedrawPause& operator=(const RedrawPause&) = delete;
-
-  private:
-    HWND window_;
-    bool visible_;
-};
-
-/// Sets a flag for as long as it lives.
-class Flagged {
-  public:
-    explicit Flagged(bool& flag) noexcept : flag_(flag), before_(std::exchange(flag, true)) {}
-    ~Flagged() { flag_ = before_; }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 [[nodiscard]] int formatOf(ui::Alignment alignment) noexcept {
     switch (alignment) {
@@ -89,15 +57,16 @@ NativeWindow::Description ListWindow::describe() {
 void ListWindow::opened() {
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
     ::SetWindowTheme(handle(), L"Explorer", nullptr);
-    spaceRows();
 }
 
-/// The rows of a report are as high as its small pictures, so an empty picture gives them room.
+/// The rows of a report are as high as its small pictures, so these have the room that rows need; an empty
+/// one gives it where there are none.
 void ListWindow::spaceRows() {
     const int height = lineHeight(frame()->font()) + ::MulDiv(kRowSpace, dpi(), USER_DEFAULT_SCREEN_DPI);
-    auto spacer = counted<ImageList>(::ImageList_Create(1, height, ILC_COLOR, 0, 0), Counted::GdiObject);
-    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacer.get()));
-    spacer_ = std::move(spacer);
+    NativeImages next =
+        list().images() ? makeNativeImages(*list().images(), dpi(), height) : makeSpacer(height);
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(next.get()));
+    images_ = std::move(next);
 }
 
 void ListWindow::mirror(ui::Change changes) {
@@ -105,6 +74,10 @@ void ListWindow::mirror(ui::Change changes) {
     NativeWindow::mirror(changes & static_cast<ui::Change>(~static_cast<std::uint32_t>(ui::Change::Text)));
     if (has(changes, ui::Change::Colours))
         mirrorColours();
+    if (has(changes, ui::Change::Images)) {
+        spaceRows();
+        ::InvalidateRect(handle(), nullptr, TRUE);
+    }
     if (has(changes, ui::Change::Columns | ui::Change::Items)) {
         const RedrawPause pause(handle());
         if (has(changes, ui::Change::Columns))

@@ -3,16 +3,11 @@
 #include <optional>
 
 #include "platform/ui/virtual_list.h"
+#include "platform/win32/ui/native_images.h"
 #include "platform/win32/ui/native_window.h"
 #include "platform/win32/ui/system_headers.h"
 
 namespace quorel::win32 {
-
-inline void destroyImageList(HIMAGELIST list) noexcept {
-    ::ImageList_Destroy(list);
-    countGone(Counted::GdiObject);
-}
-using ImageList = Unique<HIMAGELIST, destroyImageList>;
 
 /// The system's list in report mode, which owns no rows: it asks for the cells it paints. What it reports is
 /// noted and passed on when it has done with the message, so that a handler may fill, empty or destroy it.
@@ -70,7 +65,7 @@ class ListWindow : public NativeWindow {
     [[nodiscard]] ui::VirtualList& list() const noexcept { return static_cast<ui::VirtualList&>(*control()); }
 
     HWND header_ = nullptr;  ///< made with the first column
-    ImageList spacer_;
+    NativeImages images_;    ///< of the rows, or an empty one
     /// The row that the HWND has selected, from what it tells: asking it costs a step for each row.
     std::optional<std::size_t> selection_;
     Noted noted_;

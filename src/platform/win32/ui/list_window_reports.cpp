@@ -41,8 +41,13 @@ std::optional<LRESULT> ListWindow::notified(NMHDR& header) {
 }
 
 void ListWindow::tellCell(LVITEMW& item) const {
-    if ((item.mask & LVIF_IMAGE) != 0)
-        item.iImage = I_IMAGENONE;
+    if ((item.mask & LVIF_IMAGE) != 0) {
+        const bool first = item.iItem >= 0 && item.iSubItem == 0;
+        const auto place = first ? list().rowPicture(static_cast<std::size_t>(item.iItem)) : std::nullopt;
+        item.iImage = place ? static_cast<int>(*place) : I_IMAGENONE;
+        if (control() == nullptr)
+            return;
+    }
     if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
         return;
     std::u16string text;

@@ -40,9 +40,9 @@ void find(HMODULE module, const char* name, Function& function) noexcept {
 }
 
 void useControls() noexcept {
-    const INITCOMMONCONTROLSEX wanted{sizeof(INITCOMMONCONTROLSEX), ICC_STANDARD_CLASSES |
-                                                                        ICC_LISTVIEW_CLASSES |
-                                                                        ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
+    const INITCOMMONCONTROLSEX wanted{sizeof(INITCOMMONCONTROLSEX),
+                                      ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES |
+                                          ICC_PROGRESS_CLASS | ICC_TAB_CLASSES | ICC_TREEVIEW_CLASSES};
     ::InitCommonControlsEx(&wanted);
 }
 

@@ -60,7 +60,7 @@ void NativeWindow::open(HWND parent) {
     if (control_->isRaised())
         ::SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     opened();
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(frame_->font()), FALSE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     mirror(ui::Change::All);
 }
 
@@ -113,6 +113,13 @@ void NativeWindow::setLocked(bool locked) noexcept {
         ::EnableWindow(handle_, !locked_ && (control_ == nullptr || control_->isEnabled()));
 }
 
+ui::PixelRect NativeWindow::place() const {
+    ui::Rect bounds = control_->bounds();
+    if (const ui::Container* const parent = control_->parent())
+        bounds.top -= parent->scrolled();
+    return toPixels(bounds, dpi());
+}
+
 void NativeWindow::commanded(WORD) {}
 
 std::optional<LRESULT> NativeWindow::notified(NMHDR&) {
@@ -139,8 +146,15 @@ std::optional<ui::Colour> NativeWindow::background() const {
     return std::nullopt;
 }
 
+void NativeWindow::fillBackground(HDC dc) const {
+    RECT client{};
+    ::GetClientRect(handle_, &client);
+    const std::optional<ui::Colour> colour = background();
+    ::FillRect(dc, &client, colour ? services().tools.brush(*colour) : ::GetSysColorBrush(COLOR_BTNFACE));
+}
+
 void NativeWindow::rescaled() {
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(frame_->font()), TRUE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
     if (control_ != nullptr)
         mirror(ui::Change::Bounds);
 }

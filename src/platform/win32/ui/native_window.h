@@ -37,6 +37,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     void retire() noexcept;
 
     void apply(ui::Change changes);
+    /// For trees.
+    virtual void applyItem(ui::TreeItemId, ui::TreeChange) {}
     virtual void takeFocus();
     void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place);
     /// For lists: the visible part of a cell, relative to the window's outer edges.
@@ -66,8 +68,9 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
         DWORD extendedStyle = 0;
     };
     [[nodiscard]] virtual Description describe() = 0;
-    /// Where the control wants it.
-    [[nodiscard]] virtual ui::PixelRect place() const { return toPixels(control_->bounds(), dpi()); }
+    /// Where the control wants it, and where what it stands in is scrolled to.
+    [[nodiscard]] virtual ui::PixelRect place() const;
+    [[nodiscard]] virtual HFONT font() const { return frame_->font(); }
     [[nodiscard]] virtual ui::PixelRect placeAtOpening() const { return place(); }
     /// The HWND stands, without the control's state.
     virtual void opened() {}
@@ -97,6 +100,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     [[nodiscard]] std::int32_t dpi() const noexcept { return frame_->dpi(); }
     /// The own background or the nearest ancestor's; none means the system's.
     [[nodiscard]] std::optional<ui::Colour> background() const;
+    /// With that colour, or the system's.
+    void fillBackground(HDC dc) const;
     /// The focus has come to the window or into it.
     void focused();
     [[nodiscard]] std::u16string nativeText() const;

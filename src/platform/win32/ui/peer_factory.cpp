@@ -7,6 +7,9 @@
 #include "platform/win32/ui/input_windows.h"
 #include "platform/win32/ui/list_window.h"
 #include "platform/win32/ui/plain_windows.h"
+#include "platform/win32/ui/scroll_window.h"
+#include "platform/win32/ui/tab_window.h"
+#include "platform/win32/ui/tree_window.h"
 
 namespace quorel::win32 {
 
@@ -31,6 +34,10 @@ class Factory final : public ui::ControlVisitor {
     void visit(ui::VirtualList& list) override { make<ListWindow>(list); }
     void visit(ui::StatusBar& bar) override { make<StatusWindow>(bar); }
     void visit(ui::Splitter& splitter) override { make<SplitterWindow>(splitter); }
+    void visit(ui::Line& line) override { make<LineWindow>(line); }
+    void visit(ui::ScrollPanel& panel) override { make<ScrollWindow>(panel); }
+    void visit(ui::TabStrip& strip) override { make<TabWindow>(strip); }
+    void visit(ui::Tree& tree) override { make<TreeWindow>(tree); }
 
     std::shared_ptr<NativeWindow> made;
 

@@ -1,5 +1,7 @@
 #include "platform/win32/ui/plain_windows.h"
 
+#include <algorithm>
+
 #include "platform/ui/form.h"
 #include "platform/win32/text.h"
 #include "platform/win32/ui/native_text.h"
@@ -11,10 +13,6 @@ namespace {
 
 constexpr DWORD kChild = WS_CHILD | WS_CLIPSIBLINGS;
 constexpr std::size_t kMostPanelUnits = 1000;
-
-void fill(HDC dc, const RECT& area, Services& services, std::optional<ui::Colour> colour) {
-    ::FillRect(dc, &area, colour ? services.tools.brush(*colour) : ::GetSysColorBrush(COLOR_BTNFACE));
-}
 
 }  // namespace
 
@@ -31,15 +29,50 @@ void PanelWindow::mirror(ui::Change changes) {
 LRESULT PanelWindow::serve(UINT message, WPARAM w, LPARAM l) {
     if (message != WM_ERASEBKGND || control() == nullptr)
         return NativeWindow::serve(message, w, l);
-    RECT client{};
-    ::GetClientRect(handle(), &client);
-    fill(reinterpret_cast<HDC>(w), client, services(), background());
+    fillBackground(reinterpret_cast<HDC>(w));
     return 1;
 }
 
 /// With notifications, so that the mouse finds it and its tool tip shows.
 NativeWindow::Description LabelWindow::describe() {
     return {u"STATIC", kChild | SS_LEFT | SS_NOTIFY};
+}
+
+void LabelWindow::mirror(ui::Change changes) {
+    NativeWindow::mirror(changes);
+    if (has(changes, ui::Change::Style))
+        send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
+}
+
+HFONT LabelWindow::font() const {
+    return control() != nullptr ? services().tools.font(dpi(), label().font()) : NativeWindow::font();
+}
+
+NativeWindow::Description LineWindow::describe() {
+    return {services().classes.ensure(u"QuorelLine"), kChild};
+}
+
+LRESULT LineWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (control() == nullptr || (message != WM_ERASEBKGND && message != WM_PAINT))
+        return NativeWindow::serve(message, w, l);
+    if (message == WM_PAINT)
+        paint();
+    return message == WM_ERASEBKGND ? 1 : 0;
+}
+
+void LineWindow::paint() const {
+    const PaintScope paint(handle());
+    RECT client{};
+    ::GetClientRect(handle(), &client);
+    fillBackground(paint.dc());
+    const int thickness = std::max(1, ::MulDiv(1, dpi(), USER_DEFAULT_SCREEN_DPI));
+    if (line().orientation() == ui::Orientation::Vertical)
+        client.right = thickness;
+    else
+        client.bottom = thickness;
+    const HBRUSH ink =
+        line().colour() ? services().tools.brush(*line().colour()) : ::GetSysColorBrush(COLOR_BTNSHADOW);
+    ::FillRect(paint.dc(), &client, ink);
 }
 
 NativeWindow::Description PictureWindow::describe() {
@@ -96,7 +129,7 @@ void PictureWindow::paint() const {
 }
 
 void PictureWindow::paintOn(HDC dc, const RECT& client) const {
-    fill(dc, client, services(), background());
+    fillBackground(dc);
     if (bitmap_)
         blend(dc, bitmap_.get(), size_, {(client.right - size_.cx) / 2, (client.bottom - size_.cy) / 2});
     if (::GetFocus() == handle())

@@ -25,6 +25,21 @@ class LabelWindow : public NativeWindow {
 
   private:
     [[nodiscard]] Description describe() override;
+    void mirror(ui::Change changes) override;
+    [[nodiscard]] HFONT font() const override;
+    [[nodiscard]] ui::Label& label() const noexcept { return static_cast<ui::Label&>(*control()); }
+};
+
+/// Paints one line at its edge over its background.
+class LineWindow : public NativeWindow {
+  public:
+    LineWindow(std::shared_ptr<Frame> frame, ui::Line& line) : NativeWindow(std::move(frame), line) {}
+
+  private:
+    [[nodiscard]] Description describe() override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
+    void paint() const;
+    [[nodiscard]] ui::Line& line() const noexcept { return static_cast<ui::Line&>(*control()); }
 };
 
 /// Paints its picture in the middle, in natural size, over its background.

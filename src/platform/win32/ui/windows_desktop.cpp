@@ -10,6 +10,7 @@
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/peer_factory.h"
 #include "platform/win32/ui/pictures.h"
+#include "platform/win32/ui/tab_window.h"
 
 namespace quorel::win32 {
 
@@ -120,6 +121,36 @@ ui::Size WindowsDesktop::textSize(std::u16string_view line) {
     SIZE size{};
     ::GetTextExtentPoint32W(dc.get(), wide(shown), static_cast<int>(shown.size()), &size);
     return {ui::toTwips(size.cx, dpi), ui::toTwips(size.cy, dpi)};
+}
+
+/// A pixel more than measured, for an edge in twips that falls between pixels may take one away.
+ui::Size WindowsDesktop::labelSize(std::u16string_view text, const ui::Font& font,
+                                   std::optional<ui::Twips> width) {
+    const NativeScope scope(services_->controls);
+    const std::int32_t dpi = primaryDpi();
+    const MemoryDc dc(::CreateCompatibleDC(nullptr));
+    const SelectScope selected(dc.get(), services_->tools.font(dpi, font));
+    const std::u16string shown = ui::shownText(text);
+    RECT room{0, 0, width ? toPixels(*width, dpi) : 0, 0};
+    ::DrawTextW(dc.get(), wide(shown), static_cast<int>(shown.size()), &room,
+                DT_CALCRECT | DT_EXPANDTABS | (width ? DT_WORDBREAK : 0U));
+    if (shown.empty()) {
+        TEXTMETRICW metrics{};
+        ::GetTextMetricsW(dc.get(), &metrics);
+        room = {0, 0, -1, metrics.tmHeight};
+    }
+    return {ui::toTwips(room.right + 1, dpi), ui::toTwips(room.bottom, dpi)};
+}
+
+ui::Borders WindowsDesktop::tabBorders() {
+    const NativeScope scope(services_->controls);
+    const std::int32_t dpi = primaryDpi();
+    return measuredTabBorders(services_->module, services_->tools.font(dpi), dpi);
+}
+
+ui::Twips WindowsDesktop::scrollBarWidth() {
+    const NativeScope scope(services_->controls);
+    return ui::toTwips(::GetSystemMetrics(SM_CXVSCROLL), primaryDpi());
 }
 
 bool WindowsDesktop::isIdle() const {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,10 @@ class WindowsDesktop : public ui::Desktop {
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] ui::Rect workArea() override;
     [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+    [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
+                                     std::optional<ui::Twips> width) override;
+    [[nodiscard]] ui::Borders tabBorders() override;
+    [[nodiscard]] ui::Twips scrollBarWidth() override;
 
     /// True if no posted task waits: a library may be unloaded when this holds and it has no window either.
     [[nodiscard]] bool isIdle() const;

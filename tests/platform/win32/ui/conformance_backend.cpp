@@ -138,7 +138,21 @@ class NativeBackend final : public Backend {
         native::pump();
     }
     void clickColumn(ui::VirtualList& list, std::size_t column) override;
-    void typeToFind(ui::VirtualList& list, std::u16string_view text) override;
+    void typeToFind(ui::Control& control, std::u16string_view text) override;
+    void clickItem(ui::Tree& tree, ui::TreeItemId item) override {
+        native::click(native::windowFor(tree), native::pointInItem(tree, item));
+    }
+    void doubleClickItem(ui::Tree& tree, ui::TreeItemId item) override {
+        native::doubleClick(native::windowFor(tree), native::pointInItem(tree, item));
+    }
+    void clickItemButton(ui::Tree& tree, ui::TreeItemId item) override {
+        native::click(native::windowFor(tree), native::pointInButton(tree, item));
+    }
+    void chooseContextMenu(ui::Tree& tree, ui::TreeItemId item, std::u16string_view entry) override;
+    void clickTab(ui::TabStrip& strip, std::size_t index) override {
+        native::click(native::windowFor(strip), native::pointInTab(strip, index));
+    }
+    void scrollTo(ui::ScrollPanel& panel, ui::Twips top) override;
     void chooseMenu(ui::Form& form, std::u16string_view entry) override;
     void chooseContextMenu(ui::Control& control, std::u16string_view entry) override;
     void closeBox(ui::Form& form) override {
@@ -186,6 +200,18 @@ class NativeBackend final : public Backend {
                                       : static_cast<std::size_t>(
                                             ::SendMessageW(native::windowFor(list), LVM_GETITEMCOUNT, 0, 0));
     }
+    [[nodiscard]] std::u16string seenPicture(ui::VirtualList& list, std::size_t row) override;
+    [[nodiscard]] std::vector<std::u16string> seenItems(const ui::Tree& tree) override {
+        return native::itemsOf(tree);
+    }
+    [[nodiscard]] bool seesItem(const ui::Tree& tree, ui::TreeItemId item) override {
+        return native::isItemInView(tree, item);
+    }
+    [[nodiscard]] std::vector<std::u16string> seenTabs(const ui::TabStrip& strip) override {
+        return native::tabsOf(native::windowFor(strip));
+    }
+    [[nodiscard]] ui::Twips seenTop(const ui::Control& control) override;
+    [[nodiscard]] int seenPoints(const ui::Label& label) override;
     [[nodiscard]] std::size_t peerCount() override { return native::livePeers(); }
     void verify() override {
         courier_.verify();
@@ -252,12 +278,63 @@ void NativeBackend::clickColumn(ui::VirtualList& list, std::size_t column) {
     native::click(header, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
 }
 
+void NativeBackend::chooseContextMenu(ui::Tree& tree, ui::TreeItemId item, std::u16string_view entry) {
+    const HWND window = native::windowFor(tree);
+    native::requireUsable(window);
+    const HWND form = native::windowFor(*tree.form());
+    const POINT at = native::pointInItem(tree, item);
+    ::PostMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(at.x, at.y));
+    ::PostMessageW(window, WM_RBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    courier_.send([this, &tree, form, wanted = std::u16string(entry)] {
+        courier_.send([&tree, form, wanted] { chooseFromOpenMenu(tree.contextMenu(), form, wanted); });
+    });
+    native::pump();
+}
+
+void NativeBackend::scrollTo(ui::ScrollPanel& panel, ui::Twips top) {
+    const HWND window = native::windowFor(panel);
+    native::requireUsable(window);
+    if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) == 0)
+        throw std::runtime_error("the panel has no scroll bar");
+    const int steps = top.value / 300;
+    ::SendMessageW(window, WM_VSCROLL, SB_TOP, 0);
+    for (int step = 0; step < steps; ++step)
+        ::PostMessageW(window, WM_VSCROLL, SB_LINEDOWN, 0);
+    native::pump();
+}
+
+ui::Twips NativeBackend::seenTop(const ui::Control& control) {
+    const HWND window = native::windowFor(control);
+    RECT outer{};
+    ::GetWindowRect(window, &outer);
+    ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&outer), 2);
+    return ui::toTwips(outer.top, win32::dpiOf(window));
+}
+
+int NativeBackend::seenPoints(const ui::Label& label) {
+    const HWND window = native::windowFor(label);
+    LOGFONTW font{};
+    ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(window, WM_GETFONT, 0, 0)), sizeof(font), &font);
+    return ::MulDiv(-font.lfHeight, 72, win32::dpiOf(window));
+}
+
+std::u16string NativeBackend::seenPicture(ui::VirtualList& list, std::size_t row) {
+    LVITEMW item{};
+    item.mask = LVIF_IMAGE;
+    item.iItem = static_cast<int>(row);
+    ::SendMessageW(native::windowFor(list), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    if (item.iImage < 0)
+        return {};
+    const std::u16string key = list.source()->rowPicture(row);
+    return list.images()->placeOf(key) == static_cast<std::size_t>(item.iImage) ? key : u"another";
+}
+
 /// A list takes keys that come soon after each other for one text.
-void NativeBackend::typeToFind(ui::VirtualList& list, std::u16string_view text) {
+void NativeBackend::typeToFind(ui::Control& control, std::u16string_view text) {
     const ULONGLONG pause = 2ULL * ::GetDoubleClickTime() + 100;
     if (const ULONGLONG since = ::GetTickCount64() - typedAt_; since < pause)
         ::Sleep(static_cast<DWORD>(pause - since));
-    const HWND form = native::windowFor(*list.form());
+    const HWND form = native::windowFor(*control.form());
     native::type(form, text);
     typedAt_ = ::GetTickCount64();
 }

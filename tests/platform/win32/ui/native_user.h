@@ -4,11 +4,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ui/control.h"
 #include "platform/ui/form.h"
 #include "platform/ui/keys.h"
 #include "platform/ui/menu.h"
+#include "platform/ui/tab_strip.h"
+#include "platform/ui/tree.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::win32::testing {
@@ -38,6 +41,18 @@ void type(HWND form, std::u16string_view text);
 
 /// A point in a cell, scrolled into view from above or below.
 [[nodiscard]] POINT pointInCell(HWND list, ui::CellIndex cell);
+
+/// A point on an item, scrolled into view, and on its button; throw std::runtime_error when it has none.
+[[nodiscard]] POINT pointInItem(const ui::Tree& tree, ui::TreeItemId item);
+[[nodiscard]] POINT pointInButton(const ui::Tree& tree, ui::TreeItemId item);
+[[nodiscard]] bool isItemInView(const ui::Tree& tree, ui::TreeItemId item);
+/// The native items that are shown, as lines of the form that the conformance suite describes.
+[[nodiscard]] std::vector<std::u16string> itemsOf(const ui::Tree& tree);
+
+/// A point on the tab of that index in the strip; throws std::runtime_error when it is not there.
+[[nodiscard]] POINT pointInTab(const ui::TabStrip& strip, std::size_t index);
+/// The captions of the native tabs, with a "*" before the selected one's.
+[[nodiscard]] std::vector<std::u16string> tabsOf(HWND strip);
 
 /// The text that the form's tool tips have for that window; empty when they have none.
 [[nodiscard]] std::u16string toolTipOf(HWND window);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/ui/image_list.h"
+#include "platform/win32/ui/live_counts.h"
+#include "platform/win32/ui/system_headers.h"
+
+namespace quorel::win32 {
+
+inline void destroyImageList(HIMAGELIST list) noexcept {
+    ::ImageList_Destroy(list);
+    countGone(Counted::GdiObject);
+}
+using NativeImages = Unique<HIMAGELIST, destroyImageList>;
+
+/// The pictures of `images` at that resolution, each at its place; one without pixels shows nothing. They are
+/// at least `height` pixels high, with the picture in the middle.
+[[nodiscard]] NativeImages makeNativeImages(const ui::ImageList& images, std::int32_t dpi, int height = 0);
+
+/// Of no picture, to give lines that height.
+[[nodiscard]] NativeImages makeSpacer(int height);
+
+}  // namespace quorel::win32
