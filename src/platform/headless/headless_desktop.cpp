@@ -69,6 +69,10 @@ void HeadlessPeer::takeFocus() {
         form->userFocused(&control_);
 }
 
+void HeadlessPeer::refresh() {
+    ++desktop_.refreshes_;
+}
+
 void HeadlessPeer::popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) {
     static_cast<void>(place);
     const auto& items = menu.items();

@@ -23,6 +23,7 @@ class HeadlessPeer final : public ui::Peer {
     ~HeadlessPeer() override;
     void apply(ui::Change changes) override;
     void takeFocus() override;
+    void refresh() override;
     void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) override;
     /// By nominal sizes, as a list of the platform's at 96 dots per inch has them.
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override;
@@ -81,6 +82,8 @@ class HeadlessDesktop final : public ui::Desktop {
     [[nodiscard]] ui::Pointer pointer() const noexcept { return pointer_; }
     /// How often the wait pointer was asked for.
     [[nodiscard]] std::size_t waits() const noexcept { return waits_; }
+    /// How often a form was painted at once.
+    [[nodiscard]] std::size_t refreshes() const noexcept { return refreshes_; }
     [[nodiscard]] std::size_t livePeers() const noexcept { return livePeers_; }
     [[nodiscard]] std::size_t peersMade() const noexcept { return peersMade_; }
     void setWorkArea(const ui::Rect& area) noexcept { workArea_ = area; }
@@ -129,6 +132,7 @@ class HeadlessDesktop final : public ui::Desktop {
     ui::Pointer pointer_ = ui::Pointer::Default;
     ui::Rect workArea_;
     std::size_t waits_ = 0;
+    std::size_t refreshes_ = 0;
     std::size_t livePeers_ = 0;
     std::size_t peersMade_ = 0;
 };

@@ -75,6 +75,19 @@ void Form::hide() {
     changed(Change::Visible);
 }
 
+void Form::refresh() {
+    const auto alive = keepFormAlive();
+    if (Peer* const shown = peer())
+        shown->refresh();
+}
+
+void Form::setProgress(std::optional<double> progress) {
+    if (progress_ == progress)
+        return;
+    progress_ = progress;
+    changed(Change::Items);
+}
+
 void Form::unload() {
     if (!loaded_)
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "platform/ui/control.h"
@@ -45,6 +46,8 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     /// Hides, raises `onUnload`, drops the native windows. Nothing happens when the form is not loaded.
     void unload();
     [[nodiscard]] bool isModal() const noexcept { return modal_; }
+    /// Paints now what has changed, for who works without serving messages; what the user does waits.
+    void refresh();
 
     /// The inner size, without caption, frame and menu bar.
     [[nodiscard]] Size clientSize() const noexcept { return clientSize_; }
@@ -59,6 +62,9 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     [[nodiscard]] bool hasPosition() const noexcept { return positioned_; }
     [[nodiscard]] bool isMaximized() const noexcept { return maximized_; }
     void setMaximized(bool maximized);
+    /// How far a long operation is, 0 to 1, shown where the system lists its windows; none when there is none.
+    [[nodiscard]] std::optional<double> progress() const noexcept { return progress_; }
+    void setProgress(std::optional<double> progress);
 
     MenuBar& menuBar();
     [[nodiscard]] MenuBar* menuBarIfAny() const noexcept { return menuBar_.get(); }
@@ -113,6 +119,7 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     bool resizable_ = true;
     bool positioned_ = false;
     bool maximized_ = false;
+    std::optional<double> progress_;
 };
 
 }  // namespace quorel::ui

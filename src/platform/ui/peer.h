@@ -61,6 +61,8 @@ class Peer {
         static_cast<void>(menu);
         static_cast<void>(place);
     }
+    /// For forms: paints what has changed.
+    virtual void refresh() {}
     /// For lists: where the visible part of a cell is, relative to the list; none while it is out of sight.
     [[nodiscard]] virtual std::optional<Rect> cellBounds(CellIndex cell) const {
         static_cast<void>(cell);

@@ -153,7 +153,12 @@ void ProgressWindow::mirror(ui::Change changes) {
     if (!has(changes, ui::Change::Items))
         return;
     send(PBM_SETRANGE32, 0, kProgressSteps);
-    send(PBM_SETPOS, static_cast<WPARAM>(std::lround(bar().filled() * kProgressSteps)));
+    const double filled = bar().filled();
+    send(PBM_SETPOS, static_cast<WPARAM>(std::lround(filled * kProgressSteps)));
+    const ULONGLONG now = ::GetTickCount64();
+    if (now - painted_ < kPaintPause && filled < 1)
+        return;
+    painted_ = now;
     ::UpdateWindow(handle());
 }
 

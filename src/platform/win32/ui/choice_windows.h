@@ -45,6 +45,9 @@ class ProgressWindow : public NativeWindow {
     [[nodiscard]] Description describe() override;
     void mirror(ui::Change changes) override;
     [[nodiscard]] ui::ProgressBar& bar() const noexcept { return static_cast<ui::ProgressBar&>(*control()); }
+
+    static constexpr ULONGLONG kPaintPause = 33;  // milliseconds
+    ULONGLONG painted_ = 0;
 };
 
 }  // namespace quorel::win32

@@ -17,6 +17,7 @@ class ControlPeer : public ui::Peer {
     void apply(ui::Change changes) override { std::shared_ptr(window_)->apply(changes); }
     void takeFocus() override { std::shared_ptr(window_)->takeFocus(); }
 
+    void refresh() override { std::shared_ptr(window_)->refresh(); }
     void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) override {
         std::shared_ptr(window_)->popUpMenu(menu, place);
     }

@@ -83,6 +83,15 @@ void FormWindow::mirror(ui::Change changes) {
         mirrorBounds();
     if (has(changes, ui::Change::Visible))
         mirrorVisible();
+    if (has(changes, ui::Change::Items) && shown_)
+        taskbarButton_.show(handle(), form()->progress());
+}
+
+/// A thread that asks for no messages is soon taken for hung, so it asks for one and leaves it.
+void FormWindow::refresh() {
+    ::RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    MSG message;
+    ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
 }
 
 void FormWindow::mirrorStyle() {

@@ -7,6 +7,7 @@
 #include "platform/win32/ui/menus.h"
 #include "platform/win32/ui/modal_lock.h"
 #include "platform/win32/ui/native_window.h"
+#include "platform/win32/ui/taskbar_button.h"
 
 namespace quorel::win32 {
 
@@ -18,6 +19,8 @@ class FormWindow : public NativeWindow {
     /// Serves the thread's messages until the form is hidden or its window gone. A WM_QUIT ends it, hides the
     /// form and is passed on.
     void runModal();
+
+    void refresh() override;
 
   private:
     static constexpr UINT kEchoTime = 500;  // milliseconds
@@ -63,6 +66,7 @@ class FormWindow : public NativeWindow {
     void focusInside();
     void settingsChanged();
 
+    TaskbarButton taskbarButton_;
     NativeMenu menu_;
     bool menuStale_ = false;
     bool inMenu_ = false;

@@ -40,6 +40,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     /// For trees.
     virtual void applyItem(ui::TreeItemId, ui::TreeChange) {}
     virtual void takeFocus();
+    /// For forms.
+    virtual void refresh() {}
     void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place);
     /// For lists: the visible part of a cell, relative to the window's outer edges.
     [[nodiscard]] virtual std::optional<ui::Rect> cellBounds(ui::CellIndex) { return std::nullopt; }
