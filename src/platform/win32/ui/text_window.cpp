@@ -66,6 +66,8 @@ LRESULT TextWindow::serve(UINT message, WPARAM w, LPARAM l) {
         send(EM_SETSEL, 0, -1);
         return 0;
     }
+    if (message == WM_MOUSEWHEEL && control() != nullptr && !box().isMultiLine())
+        return ::DefWindowProcW(handle(), message, w, l);  // for what the box stands in
     return NativeWindow::serve(message, w, l);
 }
 

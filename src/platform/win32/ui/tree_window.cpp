@@ -29,7 +29,6 @@ NativeWindow::Description TreeWindow::describe() {
 
 void TreeWindow::opened() {
     send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
-    ::SetWindowTheme(handle(), L"Explorer", nullptr);
     spaceLines();
 }
 
@@ -82,6 +81,13 @@ void TreeWindow::mirrorColours() const {
     send(TVM_SETBKCOLOR, 0, static_cast<LPARAM>(toColorRef(ground())));
     send(TVM_SETTEXTCOLOR, 0,
          static_cast<LPARAM>(tree().background() ? readableOn(ground()) : ::GetSysColor(COLOR_WINDOWTEXT)));
+}
+
+/// A tree may ask like a text box does.
+HBRUSH TreeWindow::colours(HDC dc) {
+    ::SetBkColor(dc, toColorRef(ground()));
+    ::SetTextColor(dc, tree().background() ? readableOn(ground()) : ::GetSysColor(COLOR_WINDOWTEXT));
+    return services().tools.brush(ground());
 }
 
 void TreeWindow::mirrorAll() {

@@ -19,6 +19,7 @@ class TreeWindow : public NativeWindow {
     TreeWindow(std::shared_ptr<Frame> frame, ui::Tree& tree) : NativeWindow(std::move(frame), tree) {}
     void applyItem(ui::TreeItemId item, ui::TreeChange change) override;
     [[nodiscard]] std::optional<LRESULT> notified(NMHDR& header) override;
+    [[nodiscard]] HBRUSH colours(HDC dc) override;
     void rescaled() override;
 
     /// The native item of one that is shown; null for any other.

@@ -87,8 +87,11 @@ std::optional<LRESULT> TreeWindow::notified(NMHDR& header) {
 
 /// The system's own colour of a selected item in a tree without the focus can hardly be told from its ground.
 LRESULT TreeWindow::draw(NMTVCUSTOMDRAW& drawing) const {
-    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        // A theme may have painted another ground than the texts have.
+        ::FillRect(drawing.nmcd.hdc, &drawing.nmcd.rc, services().tools.brush(ground()));
         return ::GetFocus() == handle() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
+    }
     if (drawing.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (drawing.nmcd.uItemState & CDIS_SELECTED) != 0) {
         const ui::Colour faded = between(ground(), toColour(::GetSysColor(COLOR_HIGHLIGHT)));
         drawing.clrTextBk = toColorRef(faded);

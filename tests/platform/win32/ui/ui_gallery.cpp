@@ -1,4 +1,4 @@
-// Shows every plain control until its window is closed: `ui_gallery [modal]`.
+// Shows every plain control until its window is closed: `ui_gallery [modal|pages]`.
 
 #include <windows.h>
 
@@ -6,6 +6,7 @@
 
 #include "platform/win32/ui/windows_desktop.h"
 #include "tests/platform/win32/ui/gallery_form.h"
+#include "tests/platform/win32/ui/pages_form.h"
 
 namespace {
 
@@ -34,11 +35,29 @@ class Grouped final : public quorel::ui::RowSource {
     }
 };
 
+void serveMessages() {
+    MSG message{};
+    while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+int showPages(quorel::ui::Desktop& desktop) {
+    quorel::win32::testing::PagesForm pages(desktop);
+    pages.form->onUnload.connect([] { ::PostQuitMessage(0); });
+    pages.form->show(quorel::ui::Modality::Modeless);
+    serveMessages();
+    return 0;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
     using namespace quorel;
     win32::WindowsDesktop desktop(::GetModuleHandleW(nullptr));
+    if (count > 1 && std::strcmp(arguments[1], "pages") == 0)
+        return showPages(desktop);
     win32::testing::Gallery gallery(desktop);
     gallery.addDrawings();
     Grouped grouped;
@@ -57,10 +76,6 @@ int main(int count, char** arguments) {
         return 0;
     }
     gallery.form->show(ui::Modality::Modeless);
-    MSG message{};
-    while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-    }
+    serveMessages();
     return 0;
 }
