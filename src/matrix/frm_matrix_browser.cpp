@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "frame/attempt.h"
+#include "frame/window_placement.h"
 #include "matrix/browser_members.h"
 #include "matrix/matrix_layout.h"
 #include "platform/automation/calls.h"
@@ -85,11 +86,17 @@ void frmMatrixBrowser::Populate() {
 }
 
 void frmMatrixBrowser::PopUp(bool modal) {
-    procedure(u"Popup", [&] { show(modal ? ui::Modality::Modal : ui::Modality::Modeless); });
+    procedure(u"Popup", [&] {
+        wasShown_ = true;
+        show(modal ? ui::Modality::Modal : ui::Modality::Modeless);
+    });
 }
 
 void frmMatrixBrowser::Conceal() {
-    procedure(u"Conceal", [this] { hide(); });
+    procedure(u"Conceal", [this] {
+        hide();
+        savePlacement();
+    });
 }
 
 void frmMatrixBrowser::Deinit() {
@@ -119,6 +126,7 @@ void frmMatrixBrowser::Form_Load() {
         menuForm_->SetMatrixBrowser(
             automation::make<BrowserMembers>(std::static_pointer_cast<frmMatrixBrowser>(shared_from_this())));
         Form_Resize();
+        restorePlacement();
     });
 }
 
@@ -130,8 +138,22 @@ void frmMatrixBrowser::Form_Unload() {
         repository_.reset();
         visited_.clear();
         showTravel();
+        savePlacement();
     });
     registration_.endRegistration();
+}
+
+void frmMatrixBrowser::restorePlacement() {
+    if (const auto placement = frame::readWindowPlacement(environment_.settings, name(), {}))
+        frame::place(*this, *placement);
+}
+
+void frmMatrixBrowser::savePlacement() {
+    if (!wasShown_)
+        return;
+    const frame::WindowPlacement former = frame::readWindowPlacement(environment_.settings, name(), {})
+                                              .value_or(frame::WindowPlacement{.size = kFirstSize});
+    frame::writeWindowPlacement(environment_.settings, name(), frame::placementOf(*this, former), {});
 }
 
 void frmMatrixBrowser::Form_Resize() {

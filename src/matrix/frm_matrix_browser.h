@@ -137,6 +137,16 @@ class frmMatrixBrowser final : public ui::Form {
     void navigateTo(const automation::Object& node);
     void showCounts();
 
+    // Placement.
+    void restorePlacement();
+    void savePlacement();
+
+    // The keyboard's way to each list.
+    void buildPaneMenu();
+    /// The next list in the order of the grid, or the one before, round and round.
+    void goToPane(int step);
+    [[nodiscard]] bool hasFocus(controls::ListView& list) const;
+
     // The dialog of `EditSourceNode`.
     void placeOverThis(ui::Form& dialog) const;
     void closeNodeEdit();
@@ -164,6 +174,7 @@ class frmMatrixBrowser final : public ui::Form {
     ui::ProgressBar& progressBar_;
     ui::StatusBar& statusBar_;
     const std::array<controls::ListView*, 5> lists_;
+    bool wasShown_ = false;
 
     VisitedSources visited_;
     bool travelling_ = false;

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "frame/attempt.h"
 #include "matrix/frm_matrix_browser.h"
 #include "platform/automation/calls.h"
@@ -24,7 +27,49 @@ void frmMatrixBrowser::buildMenus() {
     onNavigate.connect([this](ui::Navigation where) {
         where == ui::Navigation::Back ? mnuBack_Click() : mnuForward_Click();
     });
+    buildPaneMenu();
     showTravel();
+}
+
+/// Four of the five lists have no caption whose access key could lead to them.
+void frmMatrixBrowser::buildPaneMenu() {
+    struct Pane {
+        std::u16string_view entry, caption;
+        controls::ListView& list;
+        ui::Key key;
+    };
+    ui::MenuItem& view = menuBar().add(u"mnuView", u"&View");
+    for (const Pane& pane :
+         {Pane{u"mnuMetaNodes", u"Meta &nodes", sourceMetaNodeList_, ui::key('1')},
+          Pane{u"mnuInstances", u"&Instances", sourceInstanceList_, ui::key('2')},
+          Pane{u"mnuIncoming", u"In&coming meta links", metaLinkListIncoming_, ui::key('3')},
+          Pane{u"mnuOutgoing", u"&Outgoing meta links", metaLinkListOutgoing_, ui::key('4')},
+          Pane{u"mnuTargets", u"&Target instances", targetInstanceList_, ui::key('5')}})
+        view.add(pane.entry, pane.caption, {pane.key, ui::Modifiers::Control})
+            .onClick.connect([&list = pane.list] { list.list().focus(); });
+    view.addSeparator();
+    view.add(u"mnuNextPane", u"Ne&xt list", {ui::Key::F6}).onClick.connect([this] { goToPane(1); });
+    view.add(u"mnuPreviousPane", u"&Previous list", {ui::Key::F6, ui::Modifiers::Shift})
+        .onClick.connect([this] { goToPane(-1); });
+}
+
+/// Its rows or its filter.
+bool frmMatrixBrowser::hasFocus(controls::ListView& list) const {
+    for (const ui::Control* at = focusedControl(); at != nullptr; at = at->parent())
+        if (at == &list)
+            return true;
+    return false;
+}
+
+void frmMatrixBrowser::goToPane(int step) {
+    const std::array<controls::ListView*, 5> panes{&sourceMetaNodeList_, &sourceInstanceList_,
+                                                   &metaLinkListIncoming_, &metaLinkListOutgoing_,
+                                                   &targetInstanceList_};
+    const auto at = std::find_if(panes.begin(), panes.end(), [this](auto* list) { return hasFocus(*list); });
+    // From elsewhere the first step leads into the grid.
+    const int count = static_cast<int>(panes.size());
+    const int from = at != panes.end() ? static_cast<int>(at - panes.begin()) : (step > 0 ? -1 : count);
+    panes[static_cast<std::size_t>((from + step + count) % count)]->list().focus();
 }
 
 /// The popups' entries stand below the lists' own.

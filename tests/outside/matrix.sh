@@ -6,6 +6,7 @@ matrix_holds() { spy frmMatrixBrowser rows "$1" 60 | grep -qE "$2"; }
 matrix_counts() { [[ $(spy frmMatrixBrowser rows "$1" 0 | head -n 1) == "$2 rows" ]]; }
 matrix_selected() { [[ $(spy frmMatrixBrowser rows "$1" 60 | grep '^\*' | cut -f2) == "$2" ]]; }
 matrix_row() { spy frmMatrixBrowser rows "$1" 60 | sed -n "$(($2 + 2))p" | cut -f2; }
+matrix_focus_is() { [[ $(spy frmMatrixBrowser focus) == "$1" ]]; }
 something_selected() { spy frmMatrixBrowser rows "$1" 60 | grep -q '^\*'; }
 
 # Two clicks with the left button where the row is.
@@ -64,6 +65,19 @@ navigate_with_keyboard() {
     xdotool key Escape
 }
 
+# Without a mouse: each list has a key, and F6 goes round.
+walk_through_lists() {
+    local key
+    for key in ctrl+1:SourceMetaNodeList ctrl+2:SourceInstanceList ctrl+3:MetaLinkListIncoming \
+        ctrl+4:MetaLinkListOutgoing ctrl+5:TargetInstanceList F6:SourceMetaNodeList F6:SourceInstanceList \
+        shift+F6:SourceMetaNodeList shift+F6:TargetInstanceList; do
+        xdotool key "${key%:*}"
+        expect "${key%:*} leads to ${key#*:}" matrix_focus_is "${key#*:}"
+    done
+    xdotool key --delay 150 alt+v o
+    expect "the menu leads to the outgoing meta links" matrix_focus_is MetaLinkListOutgoing
+}
+
 matrix_tests() {
     local repository
     repository=$(windows_path "$sample_repository")
@@ -76,6 +90,7 @@ matrix_tests() {
     start_host matrix-jscript script_host samples/jscript/matrixbrowser.js "$repository"
     wait_for_form frmMatrixBrowser
     navigate_with_mouse
+    walk_through_lists
     navigate_with_keyboard "$(spy frmMatrixBrowser rows SourceInstanceList 60 | grep '^\*' | cut -f2)"
     xdotool key alt+F4
     expect "Alt+F4 closes it" spy frmMatrixBrowser gone 1

@@ -112,20 +112,8 @@ TEST_F(SixPaneTest, ResizingMovesThePanesAlong) {
     EXPECT_GT(pane(u"TargetNode").bounds().bottom(), before.bottom() + 1400_tw);
 }
 
-/// Cannot be read or written.
-class BrokenSettings final : public shell::SettingsStore {
-  public:
-    std::optional<std::u16string> read(std::u16string_view, std::u16string_view,
-                                       std::u16string_view) override {
-        throw automation::Error(75);
-    }
-    void write(std::u16string_view, std::u16string_view, std::u16string_view, std::u16string_view) override {
-        throw automation::Error(75);
-    }
-};
-
 TEST_F(SixPaneTest, BrokenSettingsAreReportedAndTheWindowWorks) {
-    BrokenSettings broken;
+    testing::BrokenSettings broken;
     const frame::Environment environment{world.desktop, world.classes, world.clock, broken};
     form = std::make_shared<frmSixPane>(environment);
     world.expectBox();

@@ -24,6 +24,18 @@ class ManualClock final : public shell::Clock {
     [[nodiscard]] double secondsSinceMidnight() override { return timer; }
 };
 
+/// Cannot be read or written.
+class BrokenSettings final : public shell::SettingsStore {
+  public:
+    std::optional<std::u16string> read(std::u16string_view, std::u16string_view,
+                                       std::u16string_view) override {
+        throw automation::Error(75);
+    }
+    void write(std::u16string_view, std::u16string_view, std::u16string_view, std::u16string_view) override {
+        throw automation::Error(75);
+    }
+};
+
 /// Everything the public classes need, without a screen.
 struct TestWorld {
     headless::HeadlessDesktop desktop;
