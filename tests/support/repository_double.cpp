@@ -249,16 +249,20 @@ std::vector<std::u16string>& extraNames() {
 }  // namespace
 
 std::optional<MemberId> InstanceDouble::resolveExtra(std::u16string_view name) {
-    const auto known = std::find_if(values.begin(), values.end(), [name](const auto& value) {
-        return automation::equalsIgnoringCase(value.first, name);
-    });
-    if (known == values.end())
+    const auto isNamed = [name](const auto& pair) {
+        return automation::equalsIgnoringCase(pair.first, name);
+    };
+    const auto& declared = type_->properties->items;
+    const auto definition = std::find_if(declared.begin(), declared.end(), isNamed);
+    const auto value = std::find_if(values.begin(), values.end(), isNamed);
+    if (definition == declared.end() && value == values.end())
         return std::nullopt;
+    const std::u16string& known = definition != declared.end() ? definition->first : value->first;
     auto& names = extraNames();
-    const auto found = std::find(names.begin(), names.end(), known->first);
+    const auto found = std::find(names.begin(), names.end(), known);
     const auto position = found - names.begin();
     if (found == names.end())
-        names.push_back(known->first);
+        names.push_back(known);
     return static_cast<MemberId>(kFirstExtra + position);
 }
 
@@ -320,6 +324,8 @@ Object InstanceDouble::properties() {
 Value InstanceDouble::getProperty(const std::u16string& property) {
     note(u"GetProperty");
     const auto found = values.find(property);
+    if (found == values.end() && property == u"Name")
+        return shownName;
     return found != values.end() ? found->second : Value();
 }
 void InstanceDouble::setProperty(const std::u16string& property, const Value& value) {

@@ -120,7 +120,8 @@ class MetaDouble final : public automation::NativeObject {
     automation::Ref<MetaDouble> from_, to_;
 };
 
-/// A node, or, with ends, a link.
+/// A node, or, with ends, a link. Its properties, those that its type declares and those that it has values
+/// of, are members, too; "Name" answers as a property.
 class InstanceDouble final : public automation::NativeObject {
   public:
     InstanceDouble(ScriptRef script, automation::Ref<MetaDouble> type, std::u16string name,
