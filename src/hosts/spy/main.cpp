@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "hosts/spy/list_reader.h"
+#include "hosts/spy/tab_reader.h"
+#include "hosts/spy/tree_reader.h"
 #include "hosts/spy/windows_tree.h"
 
 namespace {
@@ -31,13 +33,20 @@ const wchar_t* const kUsage =
     L"  tree                      every control: name, class, rectangle, text\n"
     L"  rows CONTROL [MOST]       a list's count, headers and the rows in view, at most MOST; * marks the "
     L"selected\n"
+    L"  items CONTROL [MOST]      the items that a tree shows, at most MOST: - open, + closed, * selected\n"
+    L"  tabs CONTROL              a strip's tabs; * marks the selected\n"
     L"  where                     the form's middle, in screen pixels: x y\n"
     L"  where CONTROL             the control's middle\n"
     L"  where CONTROL ROW         the middle of the row in view whose first cell is ROW\n"
+    L"  where CONTROL ITEM        the middle of a tree's item, by the texts from the top: PEOPLE/ADA; // is "
+    L"a "
+    L"slash\n"
+    L"  where CONTROL ITEM button the middle of the button before it\n"
+    L"  where CONTROL TAB         the middle of a strip's tab\n"
     L"  focus                     the name of the control that has the keyboard\n"
     L"  text CONTROL              what stands in the control\n"
     L"  checked CONTROL           whether the box is ticked, by exit code\n"
-    L"exit code: 0, 1 not ticked, 2 misused, 3 no such form, control or row\n";
+    L"exit code: 0, 1 not ticked, 2 misused, 3 no such form, control, row, item or tab\n";
 
 std::string utf8(const std::wstring& text) {
     std::string bytes(text.size() * 3, '\0');
@@ -97,19 +106,53 @@ int printRows(HWND control, const std::vector<std::wstring>& words) {
     return 0;
 }
 
-int printMiddle(HWND window, const std::optional<std::wstring>& rowText) {
+int printItems(HWND control, const std::vector<std::wstring>& words) {
+    constexpr int kMany = 1000;
+    for (const TreeLine& line : TreeReader(control).lines(words.size() > 1 ? std::stoi(words[1]) : kMany)) {
+        print(line.selected ? L"*" : L" ");
+        print(std::wstring(static_cast<std::size_t>(line.depth) * 2, L' '));
+        print(line.open ? L"- " : line.canOpen ? L"+ " : L"  ");
+        print(line.text + L"\n");
+    }
+    return 0;
+}
+
+int printTabs(HWND control) {
+    const TabReader tabs(control);
+    const std::vector<std::wstring> captions = tabs.captions();
+    for (std::size_t i = 0; i < captions.size(); ++i)
+        print((static_cast<int>(i) == tabs.selected() ? L"*" : L" ") + captions[i] + L"\n");
+    return 0;
+}
+
+std::optional<POINT> placeInTree(HWND window, const std::wstring& path, bool button) {
+    const TreeReader tree(window);
+    const std::optional<TreeLine> line = tree.find(path);
+    if (!line)
+        return std::nullopt;
+    return button ? tree.buttonOf(*line) : tree.middleOf(*line);
+}
+
+/// Of what the words name in a control: a row, an item, a tab.
+std::optional<POINT> placeIn(HWND window, const std::vector<std::wstring>& words) {
+    const std::wstring kind = windowClass(window);
+    if (kind == L"SysTreeView32")
+        return placeInTree(window, words[1], words.size() > 2 && words[2] == L"button");
+    if (kind == L"SysTabControl32")
+        return TabReader(window).middleOf(words[1]);
+    const ListReader list(window);
+    const std::optional<int> row = list.visibleRowOf(words[1]);
+    return row ? list.middleOf(*row) : std::nullopt;
+}
+
+int printMiddle(HWND window, const std::vector<std::wstring>& words) {
     RECT bounds{};
     GetWindowRect(window, &bounds);
-    POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
-    if (rowText) {
-        const ListReader list(window);
-        const std::optional<int> row = list.visibleRowOf(*rowText);
-        const std::optional<POINT> place = row ? list.middleOf(*row) : std::nullopt;
-        if (!place)
-            return kNotThere;
-        middle = *place;
-    }
-    print(std::to_wstring(middle.x) + L" " + std::to_wstring(middle.y) + L"\n");
+    const POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+    const std::optional<POINT> place = words.size() > 1 ? placeIn(window, words) : middle;
+    if (!place)
+        return kNotThere;
+    print(std::to_wstring(place->x) + L" " + std::to_wstring(place->y) + L"\n");
     return 0;
 }
 
@@ -148,7 +191,11 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
         return 0;
     }
     if (command == L"where")
-        return printMiddle(control, words.size() > 1 ? std::optional(words[1]) : std::nullopt);
+        return printMiddle(control, words);
+    if (command == L"items" && !words.empty())
+        return printItems(control, words);
+    if (command == L"tabs" && !words.empty())
+        return printTabs(control);
     throw std::invalid_argument("unknown command");
 }
 
