@@ -153,6 +153,43 @@ TEST_F(Conformance, ALabelHasAFontOfItsOwn) {
     EXPECT_TRUE(backend->seesControl(line));
 }
 
+TEST_F(Conformance, AClearedPageIsEmptyAndCanBeFilledAgain) {
+    Book book(backend->desktop());
+    book.form->show(Modality::Modeless);
+    backend->click(*book.boxes[1]);
+    ASSERT_TRUE(book.boxes[1]->hasFocus());
+    const std::size_t peers = backend->peerCount();
+    book.page.clear();
+    backend->settle();
+    EXPECT_TRUE(book.page.children().empty());
+    EXPECT_EQ(backend->peerCount(), peers - book.boxes.size());
+    EXPECT_TRUE(book.strip.hasFocus());
+    auto& fresh = book.page.add<ui::TextBox>(u"EditBox");
+    fresh.setBounds({150_tw, 150_tw, 1500_tw, 300_tw});
+    backend->enterText(fresh, u"typed");
+    EXPECT_EQ(fresh.text(), u"typed");
+    book.form->unload();
+}
+
+TEST_F(Conformance, AControlMayEndItselfInItsOwnEvent) {
+    Book book(backend->desktop());
+    book.form->show(Modality::Modeless);
+    auto& button = book.page.add<ui::Button>(u"Reset");
+    button.setBounds({1800_tw, 150_tw, 600_tw, 300_tw});
+    button.onClick.connect([&book] { book.page.clear(); });
+    backend->click(button);
+    backend->settle();
+    EXPECT_TRUE(book.page.children().empty());
+    auto& box = book.page.add<ui::TextBox>(u"EditBox");
+    box.setBounds({150_tw, 150_tw, 1500_tw, 300_tw});
+    box.onChange.connect([&book] { book.page.clear(); });
+    backend->enterText(box, u"x");
+    backend->settle();
+    EXPECT_TRUE(book.page.children().empty());
+    EXPECT_TRUE(book.form->isVisible());
+    book.form->unload();
+}
+
 namespace {
 
 class PicturedRows final : public ui::RowSource {

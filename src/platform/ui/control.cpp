@@ -1,6 +1,7 @@
 #include "platform/ui/control.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/ui/control_visitor.h"
 #include "platform/ui/form.h"
@@ -178,6 +179,23 @@ void Container::unrealize() noexcept {
     for (const std::unique_ptr<Control>& child : children_)
         child->unrealize();
     Control::unrealize();
+}
+
+void Container::clear() {
+    const auto alive = keepFormAlive();
+    Form* const holder = form();
+    const Control* focused = holder != nullptr ? holder->focused_ : nullptr;
+    while (focused != nullptr && focused->parent_ != this)
+        focused = focused->parent_;
+    if (focused != nullptr)
+        holder->focused_ = nullptr;
+    {
+        const std::vector<std::unique_ptr<Control>> gone = std::exchange(children_, {});
+        for (const std::unique_ptr<Control>& child : gone)
+            child->unrealize();
+    }
+    if (focused != nullptr && holder->isShown())
+        holder->repairFocus();
 }
 
 void Container::dropHiddenPeers() noexcept {

@@ -144,6 +144,9 @@ class Container : public Control {
         return control;
     }
     [[nodiscard]] const std::vector<std::unique_ptr<Control>>& children() const noexcept { return children_; }
+    /// Ends all that it holds, shown or not; none of it may be a form's default or cancel button. No event is
+    /// raised; a focus that was there goes to another control.
+    void clear();
     /// While it is not visible: drops the native windows of it and of all it holds, until it is shown again.
     void dropHiddenPeers() noexcept;
     /// The descendant of that name, in depth-first order; null if there is none.

@@ -100,6 +100,7 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     [[nodiscard]] bool userKeyDown(KeyChord chord);
 
   private:
+    friend class Container;
     friend class Control;
     [[nodiscard]] const Form* asForm() const noexcept override { return this; }
     void realize() override;
