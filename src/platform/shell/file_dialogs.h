@@ -13,6 +13,10 @@ class FileDialogs {
         std::u16string title;     ///< the system's own when empty
         std::u16string folder;    ///< where it opens; the system decides when empty
         std::u16string fileName;  ///< what is proposed
+        /// Of files: "description|pattern", any number of them with bars between. "All files" always comes
+        /// last.
+        std::u16string filter{};
+        std::u16string defaultExtension{};  ///< what a name without one gets, ".txt"
     };
 
     virtual ~FileDialogs() = default;

@@ -32,6 +32,24 @@ using ItemList = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTa
     return shownLine(slash == std::u16string::npos ? fileName : fileName.substr(slash + 1), kMostUnits);
 }
 
+/// The list of filters as the dialogs want it: each part ends in a null, an empty one ends the list. A
+/// description without a pattern is one of all files.
+[[nodiscard]] std::u16string filterList(const std::u16string& filter) {
+    std::u16string list;
+    bool isPattern = false;
+    for (const char16_t unit : filter) {
+        isPattern ^= unit == u'|';
+        if (unit != u'\0')
+            list += unit == u'|' ? u'\0' : unit;
+    }
+    if (!list.empty() && !isPattern)
+        list.append(1, u'\0').append(u"*.*");
+    if (!list.empty())
+        list += u'\0';
+    list.append(u"All files (*.*)").append(1, u'\0').append(u"*.*").append(2, u'\0');
+    return list;
+}
+
 using ShowDialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
 
 [[nodiscard]] std::optional<std::u16string> askForFile(WindowsDesktop& desktop,
@@ -45,7 +63,11 @@ using ShowDialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof(dialog);
     dialog.hwndOwner = ::GetActiveWindow();
-    dialog.lpstrFilter = L"All files (*.*)\0*.*\0";
+    const std::u16string filter = filterList(request.filter);
+    dialog.lpstrFilter = wide(filter);
+    const std::size_t dot = request.defaultExtension.starts_with(u'.') ? 1 : 0;
+    const std::u16string extension = request.defaultExtension.substr(dot);
+    dialog.lpstrDefExt = extension.empty() ? nullptr : wide(extension);
     dialog.lpstrFile = wideBuffer(file);
     dialog.nMaxFile = static_cast<DWORD>(file.size());
     dialog.lpstrInitialDir = request.folder.empty() ? nullptr : wide(request.folder);
