@@ -2,6 +2,8 @@
 
 #include "dialogs/property_dialog_layout.h"
 #include "frame/guarded.h"
+#include "platform/automation/calls.h"
+#include "platform/controls/cell_text.h"
 #include "platform/ui/plain_controls.h"
 
 namespace quorel::dialogs {
@@ -65,6 +67,22 @@ void NodeEdit::place() {
     buttons_.setBounds(layout.buttons);
     okButton_.setBounds(layout.ok);
     cancelButton_.setBounds(layout.cancel);
+}
+
+std::shared_ptr<NodeEdit> makeNodeEdit(const frame::Environment& environment, std::u16string_view path,
+                                       const Object& object) {
+    const auto window = std::make_shared<NodeEdit>(environment);
+    window->load();
+    controls::Property& grid = window->Property1();
+    grid.initialise();
+    grid.setPath(path);
+    grid.addMember({u"name", u"String", u"The name that lists show.", false});
+    grid.addMember({u"Identifier", u"String", u"What tells it from all others.", true});
+    grid.setMetaObject(object.get(u"Parent").toObject());
+    grid.build();
+    window->SetNode(object);
+    window->setText(controls::valueText(object.get(u"name")) + u" - Properties");
+    return window;
 }
 
 }  // namespace quorel::dialogs

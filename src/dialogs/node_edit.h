@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+#include <string_view>
+
 #include "frame/environment.h"
 #include "platform/automation/object.h"
 #include "platform/controls/property.h"
@@ -46,5 +49,11 @@ class NodeEdit final : public ui::Form {
     bool ok_ = false;
     bool changed_ = false;
 };
+
+/// The window for a node or link, loaded, with its name and all of its properties, titled by the name. Throws
+/// what the repository throws.
+[[nodiscard]] std::shared_ptr<NodeEdit> makeNodeEdit(const frame::Environment& environment,
+                                                     std::u16string_view path,
+                                                     const automation::Object& object);
 
 }  // namespace quorel::dialogs

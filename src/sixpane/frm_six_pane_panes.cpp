@@ -153,17 +153,7 @@ frmSixPane::DisplayResult frmSixPane::displayType(const Object& type, ObjectKind
 }
 
 frmSixPane::DisplayResult frmSixPane::displayInstance(const Object& object) {
-    const auto window = std::make_shared<dialogs::NodeEdit>(environment_);
-    window->load();
-    controls::Property& grid = window->Property1();
-    grid.initialise();
-    grid.setPath(Path);
-    grid.addMember({u"name", u"String", u"The name that lists show.", false});
-    grid.addMember({u"Identifier", u"String", u"What tells it from all others.", true});
-    grid.setMetaObject(object.get(u"Parent").toObject());
-    grid.build();
-    window->SetNode(object);
-    window->setText(controls::valueText(object.get(u"name")) + u" - Properties");
+    const auto window = dialogs::makeNodeEdit(environment_, Path, object);
     dialog_ = window;
     window->show(ui::Modality::Modal);
     return {isLoaded(), window->propChanged()};

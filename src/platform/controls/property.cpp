@@ -117,6 +117,10 @@ Property::~Property() {
     list_->setSource(nullptr);
 }
 
+Twips Property::neededHeight() const {
+    return neededPropertyHeight(lines_.size(), desktop_.textSize(u"Xg").height);
+}
+
 void Property::initialise() {
     release();
     lines_ = PropertyLines();

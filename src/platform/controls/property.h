@@ -77,6 +77,9 @@ class Property : public ui::Panel, private ui::RowSource {
     /// Takes the text that is being edited and writes the changed values. See `PropertyModel::apply`.
     void apply();
 
+    /// At which all its lines can be seen, as far as anybody has room for them.
+    [[nodiscard]] ui::Twips neededHeight() const;
+
     // The events.
     // --------------------------------------------------------------------
     [[nodiscard]] PropertyEvents& events() noexcept { return model_.events; }

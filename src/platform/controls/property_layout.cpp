@@ -16,6 +16,10 @@ constexpr Twips kPadding = 105_tw;
 constexpr std::int32_t kDescriptionLines = 3;
 /// As many rows stay visible before the description gets any room.
 constexpr std::int32_t kLeastRows = 4;
+/// More lines are scrolled: nobody has a screen for them.
+constexpr std::int32_t kMostRows = 60;
+constexpr Twips kRowPadding = 60_tw;
+constexpr Twips kHeaderPadding = 165_tw;
 constexpr Twips kButtonWidth = 375_tw;
 /// Brings the description under the text of the list.
 constexpr Twips kTextInset = 90_tw;
@@ -43,6 +47,12 @@ PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept {
             list,
             title,
             {inset, title.bottom(), title.width, positive(height - title.bottom())}};
+}
+
+Twips neededPropertyHeight(std::size_t lines, Twips lineHeight) noexcept {
+    const auto rows = static_cast<std::int32_t>(std::clamp<std::size_t>(lines, kLeastRows, kMostRows));
+    const Twips list = (lineHeight + kRowPadding) * rows + lineHeight + kHeaderPadding;
+    return lineHeight + kPadding + kGap + list + kGap + lineHeight * (1 + kDescriptionLines);
 }
 
 EditorLayout layoutEditor(const ui::Rect& cell, const ui::Rect& list, ui::Twips lineHeight,

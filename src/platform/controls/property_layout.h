@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "platform/ui/units.h"
 
 namespace quorel::controls {
@@ -12,6 +14,9 @@ struct PropertyLayout {
 /// The search box over the list over the description, which gives way when there is little room: the list
 /// comes first. `lineHeight` is that of the windows' font.
 [[nodiscard]] PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept;
+
+/// The height at which that many lines can be seen, and the description below them.
+[[nodiscard]] ui::Twips neededPropertyHeight(std::size_t lines, ui::Twips lineHeight) noexcept;
 
 /// Where the parts of an open editor go, relative to the property control.
 struct EditorLayout {
