@@ -8,6 +8,7 @@
 #include "platform/automation/text.h"
 #include "platform/ui/access_key.h"
 #include "platform/ui/menu.h"
+#include "platform/ui/picture_file.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -221,6 +222,19 @@ void HeadlessDesktop::setPointer(ui::Pointer pointer) {
 
 ui::Size HeadlessDesktop::textSize(std::u16string_view line) {
     return {kUnitWidth * static_cast<std::int32_t>(line.size()), kLineHeight};
+}
+
+std::vector<ui::Picture> HeadlessDesktop::loadPicture(std::u16string_view path) {
+    if (const auto known = pictures_.find(std::u16string(path)); known != pictures_.end())
+        return known->second;
+    constexpr std::uint8_t kGrey = 128;
+    std::vector<ui::Picture> frames;
+    for (const ui::PixelSize size : ui::readPictureFile(path).frames) {
+        ui::Picture& frame = frames.emplace_back(ui::Picture{size.width, size.height, {}});
+        frame.rgba.assign(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) * 4,
+                          kGrey);
+    }
+    return frames;
 }
 
 ui::Size HeadlessDesktop::labelSize(std::u16string_view text, const ui::Font& font,

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -102,6 +103,12 @@ class HeadlessDesktop final : public ui::Desktop {
     /// By nominal sizes: every unit as wide as every other, and in proportion to the font's size.
     [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
                                      std::optional<ui::Twips> width) override;
+    /// The file is read and checked, but nothing in it is drawn: each picture is grey all over, in its own
+    /// size. One of `setPicture` is answered as it is, whether there is such a file or not.
+    [[nodiscard]] std::vector<ui::Picture> loadPicture(std::u16string_view path) override;
+    void setPicture(std::u16string_view path, std::vector<ui::Picture> frames) {
+        pictures_[std::u16string(path)] = std::move(frames);
+    }
     [[nodiscard]] ui::Borders tabBorders() override { return {{60}, {390}, {60}, {60}}; }
     [[nodiscard]] ui::Twips scrollBarWidth() override { return {255}; }
 
@@ -128,6 +135,7 @@ class HeadlessDesktop final : public ui::Desktop {
     std::deque<std::function<void()>> posted_;
     std::vector<ui::Form*> modal_;
     std::vector<ui::Message> messages_;
+    std::map<std::u16string, std::vector<ui::Picture>> pictures_;
     std::u16string clipboard_;
     ui::Pointer pointer_ = ui::Pointer::Default;
     ui::Rect workArea_;

@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ui/font.h"
 #include "platform/ui/peer.h"
+#include "platform/ui/picture.h"
 #include "platform/ui/units.h"
 
 namespace quorel::ui {
@@ -60,6 +62,9 @@ class Desktop {
     /// with a width, lines longer than that are broken between words.
     [[nodiscard]] virtual Size labelSize(std::u16string_view text, const Font& font,
                                          std::optional<Twips> width = std::nullopt) = 0;
+    /// The pictures in a file (.ico, .png, .bmp; .wmf and .emf where the system draws them), the same one in
+    /// several sizes; a metafile is drawn at its own size and twice that. Throws as `readPictureFile` does.
+    [[nodiscard]] virtual std::vector<Picture> loadPicture(std::u16string_view path) = 0;
     /// Of a tab strip around its pages; the tabs are at its top.
     [[nodiscard]] virtual Borders tabBorders() = 0;
     /// The width of an upright scroll bar.

@@ -9,6 +9,7 @@
 #include "platform/win32/ui/form_window.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/peer_factory.h"
+#include "platform/win32/ui/picture_decoder.h"
 #include "platform/win32/ui/pictures.h"
 #include "platform/win32/ui/tab_window.h"
 
@@ -140,6 +141,10 @@ ui::Size WindowsDesktop::labelSize(std::u16string_view text, const ui::Font& fon
         room = {0, 0, -1, metrics.tmHeight};
     }
     return {ui::toTwips(room.right + 1, dpi), ui::toTwips(room.bottom, dpi)};
+}
+
+std::vector<ui::Picture> WindowsDesktop::loadPicture(std::u16string_view path) {
+    return decodePicture(ui::readPictureFile(path), path);
 }
 
 ui::Borders WindowsDesktop::tabBorders() {

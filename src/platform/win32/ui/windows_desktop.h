@@ -36,6 +36,7 @@ class WindowsDesktop : public ui::Desktop {
     [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
     [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
                                      std::optional<ui::Twips> width) override;
+    [[nodiscard]] std::vector<ui::Picture> loadPicture(std::u16string_view path) override;
     [[nodiscard]] ui::Borders tabBorders() override;
     [[nodiscard]] ui::Twips scrollBarWidth() override;
 
