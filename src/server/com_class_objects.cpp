@@ -9,7 +9,8 @@ namespace quorel::server {
 
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
     return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry),
-            matrixBrowserClass(registry), propertyEditorClass(registry)};
+            matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
+            progressBarClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

@@ -11,6 +11,8 @@ namespace quorel::server {
 // the class already; from now on they have their published interface.
 [[nodiscard]] win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass progressBarClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass progressClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass propertyEditorClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass sixPaneClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass uuidGeneratorClass(const automation::ClassRegistry& registry);

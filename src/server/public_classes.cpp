@@ -1,6 +1,8 @@
 #include "server/public_classes.h"
 
 #include "dialogs/name_edit.h"
+#include "dialogs/progress.h"
+#include "dialogs/progress_bar.h"
 #include "dialogs/property_editor.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
@@ -17,6 +19,10 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<dialogs::NameEdit>(environment)); });
     environment.classes.add(u"QuorelUtility.PropertyEditor",
                             [environment] { return Object(make<dialogs::PropertyEditor>(environment)); });
+    environment.classes.add(u"QuorelUtility.Progress",
+                            [environment] { return Object(make<dialogs::Progress>(environment)); });
+    environment.classes.add(u"QuorelUtility.ProgressBar",
+                            [environment] { return Object(make<dialogs::ProgressBar>(environment)); });
     environment.classes.add(u"QuorelUtility.SixPane",
                             [environment] { return Object(make<sixpane::SixPane>(environment)); });
     environment.classes.add(u"QuorelUtility.MatrixBrowser",

@@ -2,8 +2,8 @@
 Option Explicit
 
 Dim name
-For Each name In Array("Settings", "Options", "ProgressBar", "SelectItem", "Explorer", "HTExplorer", "Blob", _
-                       "Progress", "DirectoryChooser", "Nothing")
+For Each name In Array("Settings", "Options", "SelectItem", "Explorer", "HTExplorer", "Blob", _
+                       "DirectoryChooser", "Nothing")
     On Error Resume Next
     CreateObject "QuorelUtility." & name
     If Err.Number <> 429 Then
@@ -13,6 +13,6 @@ For Each name In Array("Settings", "Options", "ProgressBar", "SelectItem", "Expl
     Err.Clear
     On Error GoTo 0
 Next
-For Each name In Array("UUIDGenerator", "NameEdit", "MatrixBrowser", "PropertyEditor", "SixPane")
+For Each name In Array("UUIDGenerator", "NameEdit", "MatrixBrowser", "Progress", "ProgressBar", "PropertyEditor", "SixPane")
     CreateObject("QuorelUtility." & name).Destroy
 Next

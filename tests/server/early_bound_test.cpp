@@ -218,10 +218,44 @@ TEST_F(EarlyBound, EditsProperties) {
     EXPECT_EQ(editor->Destroy(), S_OK);
 }
 
+TEST_F(EarlyBound, ProgressCountsWhatIsTooMuch) {
+    const auto progress = dll.create<IProgress>(__uuidof(::Progress));
+    EXPECT_EQ(progress->incValue(1), kNotSet);
+    EXPECT_EQ(progress->Create(), S_OK);
+    LONG start = -2;
+    LONG most = 5;
+    EXPECT_EQ(progress->Init(&start, &most, 0), S_OK);
+    EXPECT_EQ(start, -2);
+    EXPECT_EQ(most, 5);
+    EXPECT_EQ(progress->incValue(3), S_OK);
+    EXPECT_EQ(progress->incValue(0), S_OK);
+    LONG overflow = -1;
+    EXPECT_EQ(progress->getOverflow(&overflow), S_OK);
+    EXPECT_EQ(overflow, 1);
+    EXPECT_EQ(progress->PopUp(), S_OK);
+    EXPECT_EQ(progress->Conceal(), S_OK);
+    EXPECT_EQ(progress->Destroy(), S_OK);
+}
+
+TEST_F(EarlyBound, ProgressBarTakesItsNumbers) {
+    const auto progress = dll.create<IProgressBar>(__uuidof(::ProgressBar));
+    LONG number = 3;
+    EXPECT_EQ(progress->Value(&number), kNotSet);
+    EXPECT_EQ(progress->Create(), S_OK);
+    EXPECT_EQ(progress->Value(&number), S_OK);
+    EXPECT_EQ(progress->max(&number), S_OK);
+    EXPECT_EQ(progress->min(&number), S_OK);
+    Bstr text = makeBstr(u"Reading");
+    BSTR variable = text.get();
+    EXPECT_EQ(progress->Information(&variable), S_OK);
+    EXPECT_EQ(progress->PopUp(), S_OK);
+    EXPECT_EQ(progress->Conceal(), S_OK);
+    EXPECT_EQ(progress->Destroy(), S_OK);
+}
+
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::ProgressBar),
-                              __uuidof(::SelectItem), __uuidof(::Explorer), __uuidof(::HTExplorer),
-                              __uuidof(::Blob), __uuidof(::Progress), __uuidof(::DirectoryChooser)}) {
+    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::SelectItem), __uuidof(::Explorer), __uuidof(::HTExplorer),
+                              __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
     }
