@@ -4,6 +4,7 @@
 #include "dialogs/progress.h"
 #include "dialogs/progress_bar.h"
 #include "dialogs/property_editor.h"
+#include "explorer/explorer.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
 #include "sixpane/six_pane.h"
@@ -27,6 +28,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<sixpane::SixPane>(environment)); });
     environment.classes.add(u"QuorelUtility.MatrixBrowser",
                             [environment] { return Object(make<matrix::MatrixBrowser>(environment)); });
+    environment.classes.add(u"QuorelUtility.Explorer",
+                            [environment] { return Object(make<explorer::Explorer>(environment)); });
 }
 
 }  // namespace quorel::server
