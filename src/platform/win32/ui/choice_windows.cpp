@@ -148,18 +148,28 @@ NativeWindow::Description ProgressWindow::describe() {
     return {u"msctls_progress32", WS_CHILD | WS_CLIPSIBLINGS | PBS_SMOOTH};
 }
 
+void ProgressWindow::opened() {
+    send(PBM_SETRANGE32, 0, kProgressSteps);
+}
+
 void ProgressWindow::mirror(ui::Change changes) {
     NativeWindow::mirror(changes);
     if (!has(changes, ui::Change::Items))
         return;
-    send(PBM_SETRANGE32, 0, kProgressSteps);
-    const double filled = bar().filled();
-    send(PBM_SETPOS, static_cast<WPARAM>(std::lround(filled * kProgressSteps)));
+    if (!std::exchange(stale_, true))
+        ::InvalidateRect(handle(), nullptr, FALSE);
     const ULONGLONG now = ::GetTickCount64();
-    if (now - painted_ < kPaintPause && filled < 1)
+    if (now - painted_ < kPaintPause && bar().filled() < 1)
         return;
-    painted_ = now;
     ::UpdateWindow(handle());
+    painted_ = ::GetTickCount64();
+}
+
+/// The system's bar paints itself whenever it is moved, so it is moved when it is painted.
+LRESULT ProgressWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_PAINT && control() != nullptr && std::exchange(stale_, false))
+        send(PBM_SETPOS, static_cast<WPARAM>(std::lround(bar().filled() * kProgressSteps)));
+    return NativeWindow::serve(message, w, l);
 }
 
 }  // namespace quorel::win32

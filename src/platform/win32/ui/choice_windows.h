@@ -43,11 +43,14 @@ class ProgressWindow : public NativeWindow {
 
   private:
     [[nodiscard]] Description describe() override;
+    void opened() override;
     void mirror(ui::Change changes) override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     [[nodiscard]] ui::ProgressBar& bar() const noexcept { return static_cast<ui::ProgressBar&>(*control()); }
 
     static constexpr ULONGLONG kPaintPause = 33;  // milliseconds
     ULONGLONG painted_ = 0;
+    bool stale_ = false;
 };
 
 }  // namespace quorel::win32

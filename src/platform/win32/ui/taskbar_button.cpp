@@ -1,6 +1,7 @@
 #include "platform/win32/ui/taskbar_button.h"
 
 #include <cmath>
+#include <utility>
 
 namespace quorel::win32 {
 
@@ -17,10 +18,13 @@ void TaskbarButton::show(HWND window, std::optional<double> progress) {
         if (FAILED(made) || FAILED(list_->HrInit()))
             list_.reset();
     }
-    if (!list_)
-        return;
+    std::optional<ULONGLONG> wanted;
     if (progress)
-        list_->SetProgressValue(window, static_cast<ULONGLONG>(std::llround(*progress * kSteps)), kSteps);
+        wanted = static_cast<ULONGLONG>(std::llround(*progress * kSteps));
+    if (!list_ || wanted == std::exchange(shown_, wanted))
+        return;
+    if (wanted)
+        list_->SetProgressValue(window, *wanted, kSteps);
     else
         list_->SetProgressState(window, TBPF_NOPROGRESS);
 }

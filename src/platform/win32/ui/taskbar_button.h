@@ -20,6 +20,7 @@ class TaskbarButton {
 
     Unique<ITaskbarList3*, release> list_;
     bool tried_ = false;
+    std::optional<ULONGLONG> shown_;  ///< in steps
 };
 
 }  // namespace quorel::win32
