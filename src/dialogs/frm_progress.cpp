@@ -44,8 +44,7 @@ void frmProgress::Init(const ProgressRange& range) {
 
 void frmProgress::setProgressText(std::u16string_view text) {
     status_.setPanelText(0, text);
-    if (pace_.isDue(false))
-        refresh();
+    pace_.changed(false, [this] { refresh(); });
 }
 
 void frmProgress::setTitle(std::u16string_view title) {
@@ -65,8 +64,7 @@ bool frmProgress::incValue(std::int32_t by) {
     bar_.setValue(advanced(before, by));
     percentage_.setText(automation::decimal(percentageOf(before.value, before.maximum)) + u"%");
     setProgress(bar_.filled());
-    if (pace_.isDue(bar_.value() == before.maximum))
-        refresh();
+    pace_.changed(bar_.value() == before.maximum, [this] { refresh(); });
     return true;
 }
 

@@ -39,8 +39,7 @@ void frmProgressBar::setMaximum(std::int32_t maximum) {
 void frmProgressBar::setValue(std::int32_t value) {
     bar_.setValue(value);
     setProgress(bar_.filled());
-    if (pace_.isDue(value >= bar_.maximum()))
-        refresh();
+    pace_.changed(value >= bar_.maximum(), [this] { refresh(); });
 }
 
 void frmProgressBar::place() {
