@@ -10,7 +10,7 @@ namespace quorel::server {
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
     return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry),
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
-            progressBarClass(registry)};
+            progressBarClass(registry), explorerClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

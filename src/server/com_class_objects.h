@@ -9,6 +9,7 @@ namespace quorel::server {
 
 // One function per public class: what the platform has to know of it. Objects come from `registry`, which has
 // the class already; from now on they have their published interface.
+[[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass progressBarClass(const automation::ClassRegistry& registry);

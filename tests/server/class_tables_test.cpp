@@ -87,6 +87,7 @@ INSTANTIATE_TEST_SUITE_P(PublicClasses, ClassTables,
                                            PublicClass{"NameEdit", __uuidof(::INameEdit)},
                                            PublicClass{"MatrixBrowser", __uuidof(::IMatrixBrowser)},
                                            PublicClass{"PropertyEditor", __uuidof(::IPropertyEditor)},
+                                           PublicClass{"Explorer", __uuidof(::IExplorer)},
                                            PublicClass{"SixPane", __uuidof(::ISixPane)}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 

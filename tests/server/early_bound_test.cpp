@@ -145,6 +145,37 @@ TEST_F(EarlyBound, LettingGoWithoutDestroyLeavesNothing) {
     EXPECT_EQ(dll.canUnloadNow(), S_OK);
 }
 
+TEST_F(EarlyBound, DescribesAnExplorer) {
+    const auto explorer = dll.create<IExplorer>(__uuidof(::Explorer));
+    ASSERT_TRUE(explorer);
+    Bstr paneName = makeBstr(u"pane"), empty = makeBstr(u""), type = makeBstr(u"Group");
+    BSTR pane = paneName.get(), nothing = empty.get(), typ = type.get();
+    Bstr id;
+    EXPECT_EQ(explorer->AddPane(&pane, &nothing, &nothing, nullptr), kNotSet);
+    EXPECT_EQ(explorer->AddTreeDesc(&nothing, &typ, &nothing, &pane, &nothing, &pane, id.out()), kNotSet);
+    ASSERT_EQ(explorer->Create(), S_OK);
+    EXPECT_EQ(explorer->AddPane(&pane, &nothing, &nothing, nullptr), S_OK);
+    EXPECT_EQ(explorer->AddLabel(&pane, &typ, VARIANT_TRUE, 12, nullptr), S_OK);
+    EXPECT_EQ(explorer->AddSeparator(&pane, nullptr), S_OK);
+    EXPECT_EQ(explorer->AddToolbar(&pane, nullptr), S_OK);
+    EXPECT_EQ(explorer->AddSubPane(&pane, &typ), S_OK);
+    EXPECT_EQ(explorer->AddSubPane(&pane, &typ), static_cast<HRESULT>(0x800A01C9)) << "457";
+    EXPECT_EQ(explorer->AddSeparator(&typ, nullptr), static_cast<HRESULT>(0x800A0009));
+    EXPECT_EQ(explorer->AddTreeDesc(&nothing, &typ, &nothing, &pane, &nothing, &pane, id.out()), S_OK);
+    ASSERT_NE(id.get(), nullptr);
+    EXPECT_NE(viewOf(id.get()), u"");
+    BSTR parent = id.get();
+    Bstr below;
+    EXPECT_EQ(explorer->AddTreeDesc(&parent, &typ, &nothing, &pane, &nothing, &pane, below.out()), S_OK);
+    EXPECT_EQ(explorer->AddTreeDesc(&typ, &typ, &nothing, &pane, &nothing, &pane, below.out()),
+              static_cast<HRESULT>(0x800A0009));
+    EXPECT_EQ(explorer->PopUp(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(explorer->Conceal(), S_OK);
+    EXPECT_EQ(explorer->Deinit(), S_OK);
+    EXPECT_EQ(explorer->Destroy(), S_OK);
+    EXPECT_EQ(explorer->Destroy(), S_OK);
+}
+
 TEST_F(EarlyBound, NavigatesByMatrix) {
     const auto browser = dll.create<IMatrixBrowser>(__uuidof(::MatrixBrowser));
     ASSERT_TRUE(browser);
@@ -254,7 +285,7 @@ TEST_F(EarlyBound, ProgressBarTakesItsNumbers) {
 }
 
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::SelectItem), __uuidof(::Explorer), __uuidof(::HTExplorer),
+    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::SelectItem), __uuidof(::HTExplorer),
                               __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);

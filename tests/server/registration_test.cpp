@@ -17,7 +17,7 @@ using win32::ComPtr;
 
 const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator", u"QuorelUtility.NameEdit",
                                           u"QuorelUtility.MatrixBrowser", u"QuorelUtility.PropertyEditor",
-                                          u"QuorelUtility.SixPane"};
+                                          u"QuorelUtility.SixPane", u"QuorelUtility.Explorer"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
@@ -48,7 +48,7 @@ TEST_F(Registration, MakesTheClassesKnown) {
         EXPECT_TRUE(win32::createPlatformObject(std::u16string(progId) + u".1"));
     }
     EXPECT_TRUE(isLibraryRegistered());
-    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.Explorer"));
+    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.HTExplorer"));
     EXPECT_EQ(dll.unregisterServer(), S_OK);
     EXPECT_EQ(dll.unregisterServer(), S_OK);
 }
