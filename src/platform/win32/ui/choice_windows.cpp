@@ -165,9 +165,10 @@ void ProgressWindow::mirror(ui::Change changes) {
     painted_ = ::GetTickCount64();
 }
 
-/// The system's bar paints itself whenever it is moved, so it is moved when it is painted.
+/// The system's bar paints itself whenever it is moved, so it is moved when it is painted or asked.
 LRESULT ProgressWindow::serve(UINT message, WPARAM w, LPARAM l) {
-    if (message == WM_PAINT && control() != nullptr && std::exchange(stale_, false))
+    if ((message == WM_PAINT || message == PBM_GETPOS) && control() != nullptr &&
+        std::exchange(stale_, false))
         send(PBM_SETPOS, static_cast<WPARAM>(std::lround(bar().filled() * kProgressSteps)));
     return NativeWindow::serve(message, w, l);
 }

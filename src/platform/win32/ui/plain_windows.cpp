@@ -1,6 +1,7 @@
 #include "platform/win32/ui/plain_windows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/ui/form.h"
 #include "platform/win32/text.h"
@@ -162,8 +163,24 @@ void StatusWindow::mirrorParts() {
     send(SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }
 
-/// Only what has changed, for a counter in one panel must not make the others flicker.
+/// The system's bar paints a text as it gets it, so a counter would be painted at every step: the bar gets
+/// its texts when it is painted, or somebody reads them.
 void StatusWindow::mirrorText() {
+    if (!std::exchange(stale_, true))
+        ::InvalidateRect(handle(), nullptr, FALSE);
+}
+
+LRESULT StatusWindow::serve(UINT message, WPARAM w, LPARAM l) {
+    const bool shows = message == WM_PAINT || message == WM_PRINTCLIENT || message == WM_GETTEXT ||
+                       message == WM_GETTEXTLENGTH || message == SB_GETTEXTW ||
+                       message == SB_GETTEXTLENGTHW || message == SB_GETTEXTA || message == SB_GETTEXTLENGTHA;
+    if (shows && control() != nullptr && std::exchange(stale_, false))
+        mirrorPanels();
+    return NativeWindow::serve(message, w, l);
+}
+
+/// Only what has changed, so that the other panels do not flicker.
+void StatusWindow::mirrorPanels() {
     const auto& panels = bar().panels();
     shown_.resize(panels.size());
     for (std::size_t i = 0; i < panels.size(); ++i) {

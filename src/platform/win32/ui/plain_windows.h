@@ -69,10 +69,13 @@ class StatusWindow : public NativeWindow {
     [[nodiscard]] Description describe() override;
     void mirror(ui::Change changes) override;
     void mirrorText() override;
+    LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     void mirrorParts();
+    void mirrorPanels();
     [[nodiscard]] ui::StatusBar& bar() const noexcept { return static_cast<ui::StatusBar&>(*control()); }
 
     std::vector<std::optional<std::u16string>> shown_;
+    bool stale_ = false;
 };
 
 }  // namespace quorel::win32
