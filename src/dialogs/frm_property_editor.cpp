@@ -26,7 +26,8 @@ constexpr ui::Size kFirstSize{6600_tw, 6600_tw};
 
 frmPropertyEditor::frmPropertyEditor(const frame::Environment& environment)
     : Form(environment.desktop, u"frmPropertyEditor"),
-      property_(add<controls::Property>(u"Property1", environment.desktop, environment.fileDialogs)),
+      property_(add<controls::Property>(u"Property1", environment.desktop, environment.fileDialogs,
+                                        environment.valuePickers)),
       buttons_(add<ui::Panel>(u"Buttons")),
       okButton_(buttons_.add<ui::Button>(u"ButtonOK")),
       cancelButton_(buttons_.add<ui::Button>(u"ButtonCancel")) {

@@ -18,7 +18,8 @@ constexpr ui::Size kFirstSize{6600_tw, 6000_tw};
 
 NodeEdit::NodeEdit(const frame::Environment& environment)
     : Form(environment.desktop, u"NodeEdit"),
-      property_(add<controls::Property>(u"Property1", environment.desktop, environment.fileDialogs)),
+      property_(add<controls::Property>(u"Property1", environment.desktop, environment.fileDialogs,
+                                        environment.valuePickers)),
       buttons_(add<ui::Panel>(u"Buttons")),
       okButton_(buttons_.add<ui::Button>(u"OK")),
       cancelButton_(buttons_.add<ui::Button>(u"Cancel")) {

@@ -4,6 +4,7 @@
 #include "platform/shell/clock.h"
 #include "platform/shell/file_dialogs.h"
 #include "platform/shell/settings_store.h"
+#include "platform/shell/value_pickers.h"
 #include "platform/ui/desktop.h"
 
 namespace quorel::frame {
@@ -17,6 +18,8 @@ struct Environment {
     shell::SettingsStore& settings;
     /// Null where nobody can choose files.
     shell::FileDialogs* fileDialogs = nullptr;
+    /// Null where values can only be typed.
+    shell::ValuePickers* valuePickers = nullptr;
 };
 
 }  // namespace quorel::frame

@@ -18,8 +18,9 @@ std::vector<win32::ComClass> classesOf(const frame::Environment& environment) {
 Library::Library()
     : desktop_(win32::thisModule()),
       fileDialogs_(desktop_),
+      valuePickers_(desktop_),
       classes_(win32::createPlatformObject),
-      environment_{desktop_, classes_, clock_, settings_, &fileDialogs_},
+      environment_{desktop_, classes_, clock_, settings_, &fileDialogs_, &valuePickers_},
       module_(classesOf(environment_), publicTypeLibrary()) {}
 
 HRESULT Library::canUnloadNow() const noexcept {

@@ -46,10 +46,12 @@ constexpr std::u16string_view kFoldedMark = u"+ ";
 
 }  // namespace
 
-Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files)
+Property::Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files,
+                   shell::ValuePickers* pickers)
     : Panel(suffixed(name, u".View")),
       desktop_(desktop),
       files_(files),
+      pickers_(pickers),
       searchBox_(&add<ui::TextBox>(suffixed(name, u".Search"))),
       textBox_(&add<ui::TextBox>(suffixed(name, u".Text"))),
       linesBox_(&add<ui::TextBox>(suffixed(name, u".Lines"))),

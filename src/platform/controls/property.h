@@ -12,6 +12,7 @@
 #include "platform/controls/property_lines.h"
 #include "platform/controls/property_model.h"
 #include "platform/shell/file_dialogs.h"
+#include "platform/shell/value_pickers.h"
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/virtual_list.h"
@@ -40,16 +41,20 @@ namespace quorel::controls {
 ///
 /// Keys: F2, a double click or a click on the value of the selected line edits; Enter takes the text, Tab
 /// takes it and goes on to the next value, Shift+Tab to the one before, Esc takes it back. In several lines
-/// Enter breaks the line and Ctrl+Enter takes the text. On a line: Space turns a boolean over, Delete unsets,
-/// Ctrl+C copies, Ctrl+F searches, Left and Right fold; Enter is the form's default button.
+/// Enter breaks the line and Ctrl+Enter takes the text. F4 and Alt+Down browse for a file or a folder and
+/// open the picker of a colour or a date, as the button beside the text does. On a line: Space turns a
+/// boolean over, Delete unsets, Ctrl+C copies, Ctrl+F searches, Left and Right fold; Enter is the form's
+/// default button.
 ///
 /// Made of plain controls: the list bears the name given, this container is "<name>.View"; then there are
 /// "<name>.Search", "<name>.Title", "<name>.Description" and the editors "<name>.Text", "<name>.Lines",
 /// "<name>.Check", "<name>.Choice", with "<name>.Browse" and "<name>.Message".
 class Property : public ui::Panel, private ui::RowSource {
   public:
-    /// Without `files` nothing can be browsed for, loaded or saved.
-    Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files = nullptr);
+    /// Without `files` nothing can be browsed for, loaded or saved; without `pickers` colours and dates can
+    /// only be typed.
+    Property(std::u16string_view name, ui::Desktop& desktop, shell::FileDialogs* files = nullptr,
+             shell::ValuePickers* pickers = nullptr);
     ~Property() override;
 
     // The operations.
@@ -119,6 +124,7 @@ class Property : public ui::Panel, private ui::RowSource {
         ui::Control* box;
         automation::Ref<PropertyEditorHandle> handle;
         std::u16string begunWith;
+        bool hasButton = false;
         bool touched = false;
     };
 
@@ -159,9 +165,14 @@ class Property : public ui::Panel, private ui::RowSource {
     void showProblem();
     void editNext(Step step);
     void editorLost();
+    /// Opens the dialog of the kind; what is chosen is taken as if it was typed.
     void browse();
+    [[nodiscard]] std::optional<std::u16string> ask(const Editing& editing);
     [[nodiscard]] std::optional<std::u16string> askForPath(const Editing& editing);
-    [[nodiscard]] bool hasButton(EditorKind kind) const noexcept;
+    [[nodiscard]] std::optional<std::u16string> askForColour(const Editing& editing);
+    [[nodiscard]] std::optional<std::u16string> askForDay(const Editing& editing);
+    [[nodiscard]] bool hasButton(PropertyItem& item, EditorKind kind) const;
+    void browseLine(std::size_t line);
     void toggleBoolean(const Item& item);
 
     // Keys and menu.
@@ -180,6 +191,7 @@ class Property : public ui::Panel, private ui::RowSource {
 
     ui::Desktop& desktop_;
     shell::FileDialogs* files_;
+    shell::ValuePickers* pickers_;
     std::u16string path_;
     PropertyModel model_;
     PropertyLines lines_;

@@ -18,6 +18,10 @@ namespace {
 constexpr KeyChord kCopyKey{ui::key('C'), Modifiers::Control};
 constexpr KeyChord kSearchKey{ui::key('F'), Modifiers::Control};
 constexpr KeyChord kRevertKey{ui::key('Z'), Modifiers::Control};
+[[nodiscard]] bool opensPicker(KeyChord chord) noexcept {
+    return chord == KeyChord{Key::F4} || chord == KeyChord{Key::Down, Modifiers::Alt};
+}
+
 constexpr std::u16string_view kHeader = u"Property\tValue\r\n";
 
 }  // namespace
@@ -72,6 +76,8 @@ void Property::keyInList(ui::KeyEvent& event) {
         keyOnHeading(event, *line);
     else if (event.chord == KeyChord{Key::F2})
         beginEdit(*line);
+    else if (opensPicker(event.chord))
+        browseLine(*line);
     else if (event.chord == kCopyKey)
         copySelected();
     else if (event.chord == kRevertKey)
@@ -129,6 +135,8 @@ void Property::keyInEditor(ui::KeyEvent& event) {
         act([this] { editNext(Step::On); });
     } else if (event.chord == KeyChord{Key::Tab, Modifiers::Shift}) {
         act([this] { editNext(Step::Back); });
+    } else if (editing_->hasButton && opensPicker(event.chord)) {
+        browse();
     } else if (event.chord == enter && !browseButton_->hasFocus()) {
         act([this] {
             if (commit() == PropertyModel::Outcome::Refused)

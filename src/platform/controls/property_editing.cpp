@@ -26,9 +26,19 @@ constexpr std::size_t kValueColumn = 1;
 
 }  // namespace
 
-bool Property::hasButton(EditorKind kind) const noexcept {
-    return files_ != nullptr &&
-           (kind == EditorKind::File || kind == EditorKind::Directory || kind == EditorKind::Binary);
+bool Property::hasButton(PropertyItem& item, EditorKind kind) const {
+    switch (kind) {
+        case EditorKind::File:
+        case EditorKind::Directory:
+        case EditorKind::Binary:
+            return files_ != nullptr;
+        case EditorKind::Colour:
+            return pickers_ != nullptr;
+        case EditorKind::Date:
+            return pickers_ != nullptr && !isTimeOfDay(item.dataType());
+        default:
+            return false;
+    }
 }
 
 ui::Control& Property::boxFor(PropertyItem& item, EditorKind kind, std::u16string_view text) {
@@ -95,7 +105,7 @@ void Property::openEditor(const Item& item, EditorKind kind) {
     ui::Control& box = boxFor(*item, kind, text);
     const auto handle =
         automation::make<PropertyEditorHandle>(box, [this](const std::u16string& given) { typed(given); });
-    editing_ = Editing{item, kind, &box, handle, text};
+    editing_ = Editing{item, kind, &box, handle, text, hasButton(*item, kind)};
     fillBox(*item, *editing_);
     box.setEnabled(true);
     box.setToolTip(u"");
@@ -118,7 +128,7 @@ void Property::placeEditor() {
     const std::optional<ui::Rect> seen = line ? list_->cellBounds({*line, kValueColumn}) : std::nullopt;
     // An editor whose cell is scrolled away keeps its text and waits.
     editing_->box->setVisible(seen.has_value());
-    browseButton_->setVisible(seen && hasButton(editing_->kind));
+    browseButton_->setVisible(seen && editing_->hasButton);
     message_->setVisible(seen && !message_->text().empty());
     if (!seen)
         return;
@@ -130,7 +140,7 @@ void Property::placeEditor() {
     const std::int32_t messageLines = message_->text().empty() ? 0 : 1 + length / width;
     const EditorLayout layout =
         layoutEditor(cell, list, lineHeight,
-                     {editing_->box == linesBox_ ? kLinesShown : 1, hasButton(editing_->kind), messageLines});
+                     {editing_->box == linesBox_ ? kLinesShown : 1, editing_->hasButton, messageLines});
     editing_->box->setBounds(layout.box);
     browseButton_->setBounds(layout.button);
     message_->setBounds(layout.message);
@@ -243,20 +253,48 @@ void Property::editNext(Step step) {
 
 void Property::browse() {
     act([this] {
-        if (!editing_ || files_ == nullptr)
+        if (!editing_ || !editing_->hasButton)
             return;
         const Item item = editing_->item;
+        const auto alive = std::weak_ptr(alive_);
         if (editing_->kind == EditorKind::Binary) {
             endEdit();
             loadSelected();
             return;
         }
-        const std::optional<std::u16string> chosen = askForPath(*editing_);
-        if (!chosen || !editing_ || editing_->item != item)
+        // The dialog keeps the thread's messages going: a copy, for the editor may close meanwhile.
+        const Editing editing = *editing_;
+        const std::optional<std::u16string> chosen = ask(editing);
+        if (!chosen || alive.expired() || !editing_ || editing_->handle != editing.handle)
             return;
         typed(*chosen);
         endEdit();
     });
+}
+
+/// From the line itself: its editor opens first.
+void Property::browseLine(std::size_t line) {
+    beginEdit(line);
+    browse();
+}
+
+std::optional<std::u16string> Property::ask(const Editing& editing) {
+    if (editing.kind == EditorKind::Colour)
+        return askForColour(editing);
+    return editing.kind == EditorKind::Date ? askForDay(editing) : askForPath(editing);
+}
+
+std::optional<std::u16string> Property::askForColour(const Editing& editing) {
+    const ParsedValue parsed = parseValue({EditorKind::Colour, {}, {}}, editing.box->text());
+    const std::int32_t* const bits = parsed.value ? parsed.value->getIf<std::int32_t>() : nullptr;
+    const auto chosen = pickers_->pickColour(bits != nullptr && *bits >= 0 ? *bits : 0);
+    return chosen ? std::optional(editText(EditorKind::Colour, *chosen)) : std::nullopt;
+}
+
+std::optional<std::u16string> Property::askForDay(const Editing& editing) {
+    const std::u16string text = editing.box->text();
+    const std::optional<shell::Day> chosen = pickers_->pickDay(dayOf(text));
+    return chosen ? std::optional(withDay(text, *chosen)) : std::nullopt;
 }
 
 std::optional<std::u16string> Property::askForPath(const Editing& editing) {

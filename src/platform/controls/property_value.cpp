@@ -39,6 +39,7 @@ constexpr std::array kTypeNames{
     Name{u"Bytes", EditorKind::Binary},       Name{u"Blob", EditorKind::Binary}};
 
 constexpr std::int32_t kLargestColour = 0xFFFFFF;
+constexpr std::size_t kDayLength = 10;
 
 [[nodiscard]] std::u16string_view trimmed(std::u16string_view text) {
     constexpr std::u16string_view kBlanks = u" \t\r\n";
@@ -199,6 +200,38 @@ ParsedValue parseValue(const ParseContext& context, std::u16string_view text) {
         default:
             return {Value(std::u16string(bare)), {}};
     }
+}
+
+bool isTimeOfDay(std::u16string_view dataType) {
+    return equalsIgnoringCase(trimmed(dataType), u"Time");
+}
+
+std::optional<shell::Day> dayOf(std::u16string_view text) {
+    const auto date = automation::parseDate(trimmed(text));
+    const std::u16string day = date ? automation::dateText(*date) : std::u16string();
+    // "2002-03-03", with or without a time behind it.
+    if (day.size() < kDayLength || day[4] != u'-')
+        return std::nullopt;
+    const auto part = [&day](std::size_t from, std::size_t length) {
+        return static_cast<std::int32_t>(
+            automation::parseNumber(std::u16string_view(day).substr(from, length)).value_or(0));
+    };
+    return shell::Day{part(0, 4), part(5, 2), part(8, 2)};
+}
+
+std::u16string withDay(std::u16string_view text, const shell::Day& day) {
+    const auto padded = [](std::int32_t number, std::size_t width) {
+        const std::u16string digits = automation::decimal(number);
+        return std::u16string(width - std::min(width, digits.size()), u'0') + digits;
+    };
+    std::u16string result = padded(day.year, 4) + u"-" + padded(day.month, 2) + u"-" + padded(day.day, 2);
+    if (const auto date = automation::parseDate(trimmed(text))) {
+        const std::u16string before = automation::dateText(*date);
+        const std::size_t colon = before.find(u':');
+        if (colon != std::u16string::npos)
+            result.append(u" ").append(before, colon - 2);
+    }
+    return result;
 }
 
 bool isUnset(const Value& value) noexcept {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/automation/value.h"
+#include "platform/shell/value_pickers.h"
 
 namespace quorel::controls {
 
@@ -54,6 +55,15 @@ struct ParseContext {
 /// that has a value it is the empty text. A colour is a string where the original is one, else the platform's
 /// integer (blue, green, red from the highest byte). Bytes are never typed.
 [[nodiscard]] ParsedValue parseValue(const ParseContext& context, std::u16string_view text);
+
+/// True for a data type whose dates are times of day.
+[[nodiscard]] bool isTimeOfDay(std::u16string_view dataType);
+
+/// The day of a date as it is typed; empty when the text is none or has only a time of day.
+[[nodiscard]] std::optional<shell::Day> dayOf(std::u16string_view text);
+
+/// The text with that day; a time of day stays.
+[[nodiscard]] std::u16string withDay(std::u16string_view text, const shell::Day& day);
 
 /// True if writing one over the other would change nothing: numbers by value, texts and bytes exactly, Empty
 /// and Null alike, objects by identity.
