@@ -96,7 +96,6 @@ void Property::fillBox(PropertyItem& item, const Editing& editing) {
         auto& box = static_cast<ui::TextBox&>(*editing.box);
         textBox_->setReadOnly(editing.kind == EditorKind::Binary);
         box.setText(&box == linesBox_ ? withWindowsLines(text) : text);
-        box.selectAll();
     }
 }
 
@@ -112,6 +111,9 @@ void Property::openEditor(const Item& item, EditorKind kind) {
     if (const auto line = lines_.lineOf(item))
         list_->ensureVisible(ui::CellIndex{*line, kValueColumn});
     placeEditor();
+    // Not before it has its width: a narrow box would scroll to the end of its text and stay there.
+    if (&box == textBox_ || &box == linesBox_)
+        static_cast<ui::TextBox&>(box).selectAll();
     Object property(item);
     const auto alive = std::weak_ptr(alive_);
     model_.events.onPropertyControlCreated.raise(property, Object(handle));
