@@ -79,7 +79,13 @@ std::shared_ptr<NodeEdit> makeNodeEdit(const frame::Environment& environment, st
     grid.setPath(path);
     grid.addMember({u"name", u"String", u"The name that lists show.", false});
     grid.addMember({u"Identifier", u"String", u"What tells it from all others.", true});
-    grid.setMetaObject(object.get(u"Parent").toObject());
+    const Object type = object.get(u"Parent").toObject();
+    // Links have ends, and so have their types.
+    if (answersTo(type, u"target")) {
+        grid.addMember({u"source", u"String", u"The node that the link leaves.", true});
+        grid.addMember({u"target", u"String", u"The node that the link reaches.", true});
+    }
+    grid.setMetaObject(type);
     grid.build();
     window->SetNode(object);
     window->setText(controls::valueText(object.get(u"name")) + u" - Properties");

@@ -144,6 +144,7 @@ frmSixPane::DisplayResult frmSixPane::DisplayObject(const Object& displayed, Obj
     });
 }
 
+/// To read only: a repository has no member by which a type, once made, could be changed.
 frmSixPane::DisplayResult frmSixPane::displayType(const Object& type, ObjectKind kind) {
     const std::vector<ObjectRow> rows = readTypeRows(type, kind);
     const auto window = std::make_shared<frmObjectProperties>(desktop());

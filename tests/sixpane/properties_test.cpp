@@ -58,7 +58,26 @@ TEST_F(PropertiesTest, DoubleClickShowsALinksProperties) {
     expectNodeEdit();
     doubleClick(u"Link", kFirst);
     world.desktop.verify();
-    EXPECT_EQ(shown, (Cells{{u"name", u"a"}, {u"Identifier", u"id6"}, {u"Since", u"1999"}}));
+    EXPECT_EQ(shown, (Cells{{u"name", u"a"},
+                            {u"Identifier", u"id6"},
+                            {u"source", u"Anna"},
+                            {u"target", u"Acme"},
+                            {u"Since", u"1999"}}));
+}
+
+TEST_F(PropertiesTest, EndsOfALinkAreOnlyShown) {
+    open();
+    click(u"MetaLink", kFirst);
+    expectNodeEdit([this](ui::Form& window) {
+        for (const std::size_t line : {1U, 2U, 3U}) {
+            world.user.selectRow(headless::get<ui::VirtualList>(window, u"Property1"), line);
+            world.user.press(window, {ui::Key::F2});
+            EXPECT_FALSE(headless::get<ui::TextBox>(window, u"Property1.Text").isVisible()) << line;
+        }
+        window.hide();
+    });
+    doubleClick(u"Link", kFirst);
+    world.desktop.verify();
 }
 
 TEST_F(PropertiesTest, UnchangedNodeLeavesThePaneAsItIs) {

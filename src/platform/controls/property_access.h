@@ -25,7 +25,14 @@ class PropertyAccess {
         else
             writeMember(name, value);
     }
-    [[nodiscard]] automation::Value readMember(const std::u16string& name) const { return object_.get(name); }
+    /// A member that is an object is read by its name.
+    [[nodiscard]] automation::Value readMember(const std::u16string& name) const {
+        automation::Value value = object_.get(name);
+        const automation::Object* const member = value.getIf<automation::Object>();
+        if (member == nullptr)
+            return value;
+        return *member ? member->get(u"name") : automation::Value();
+    }
     void writeMember(const std::u16string& name, const automation::Value& value) const {
         object_.put(name, value);
     }
