@@ -8,9 +8,10 @@
 namespace quorel::server {
 
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
-    return {uuidGeneratorClass(registry), sixPaneClass(registry), nameEditClass(registry),
+    return {uuidGeneratorClass(registry), sixPaneClass(registry),        nameEditClass(registry),
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
-            progressBarClass(registry), explorerClass(registry)};
+            progressBarClass(registry),   explorerClass(registry),       settingsClass(registry),
+            settingEntryClass(registry),  optionsClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

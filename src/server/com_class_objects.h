@@ -12,9 +12,12 @@ namespace quorel::server {
 [[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass optionsClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass progressBarClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass progressClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass propertyEditorClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass settingEntryClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass settingsClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass sixPaneClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass uuidGeneratorClass(const automation::ClassRegistry& registry);
 

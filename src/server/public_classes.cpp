@@ -7,6 +7,10 @@
 #include "explorer/explorer.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
+#include "platform/controls/file_selection.h"
+#include "settings/options.h"
+#include "settings/setting_entry.h"
+#include "settings/settings.h"
 #include "sixpane/six_pane.h"
 
 namespace quorel::server {
@@ -30,6 +34,13 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<matrix::MatrixBrowser>(environment)); });
     environment.classes.add(u"QuorelUtility.Explorer",
                             [environment] { return Object(make<explorer::Explorer>(environment)); });
+    environment.classes.add(u"QuorelUtility.Settings",
+                            [environment] { return Object(make<settings::Settings>(environment.settings)); });
+    environment.classes.add(u"QuorelUtility.SettingEntry",
+                            [] { return Object(make<settings::SettingEntry>()); });
+    environment.classes.add(u"QuorelUtility.Options",
+                            [environment] { return Object(make<settings::Options>(environment)); });
+    controls::registerFileClasses(environment.classes, environment.fileDialogs);
 }
 
 }  // namespace quorel::server

@@ -2,7 +2,7 @@
 Option Explicit
 
 Dim name
-For Each name In Array("Settings", "Options", "SelectItem", "HTExplorer", "Blob", _
+For Each name In Array("SelectItem", "HTExplorer", "Blob", _
                        "DirectoryChooser", "Nothing")
     On Error Resume Next
     CreateObject "QuorelUtility." & name
@@ -13,6 +13,6 @@ For Each name In Array("Settings", "Options", "SelectItem", "HTExplorer", "Blob"
     Err.Clear
     On Error GoTo 0
 Next
-For Each name In Array("UUIDGenerator", "NameEdit", "Explorer", "MatrixBrowser", "Progress", "ProgressBar", "PropertyEditor", "SixPane")
+For Each name In Array("UUIDGenerator", "NameEdit", "Settings", "Options", "Explorer", "MatrixBrowser", "Progress", "ProgressBar", "PropertyEditor", "SixPane")
     CreateObject("QuorelUtility." & name).Destroy
 Next

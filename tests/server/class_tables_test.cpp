@@ -88,6 +88,9 @@ INSTANTIATE_TEST_SUITE_P(PublicClasses, ClassTables,
                                            PublicClass{"MatrixBrowser", __uuidof(::IMatrixBrowser)},
                                            PublicClass{"PropertyEditor", __uuidof(::IPropertyEditor)},
                                            PublicClass{"Explorer", __uuidof(::IExplorer)},
+                                           PublicClass{"Settings", __uuidof(::ISettings)},
+                                           PublicClass{"SettingEntry", __uuidof(::ISettingEntry)},
+                                           PublicClass{"Options", __uuidof(::IOptions)},
                                            PublicClass{"SixPane", __uuidof(::ISixPane)}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 

@@ -285,8 +285,8 @@ TEST_F(EarlyBound, ProgressBarTakesItsNumbers) {
 }
 
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid : {__uuidof(::Settings), __uuidof(::Options), __uuidof(::SelectItem), __uuidof(::HTExplorer),
-                              __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
+    for (const GUID& clsid :
+         {__uuidof(::SelectItem), __uuidof(::HTExplorer), __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
     }

@@ -17,7 +17,8 @@ using win32::ComPtr;
 
 const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator", u"QuorelUtility.NameEdit",
                                           u"QuorelUtility.MatrixBrowser", u"QuorelUtility.PropertyEditor",
-                                          u"QuorelUtility.SixPane", u"QuorelUtility.Explorer"};
+                                          u"QuorelUtility.SixPane",       u"QuorelUtility.Explorer",
+                                          u"QuorelUtility.Settings",      u"QuorelUtility.Options"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;

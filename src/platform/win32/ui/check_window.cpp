@@ -5,7 +5,7 @@ namespace quorel::win32 {
 
 /// Not an automatic one: the control decides what a click makes of it.
 NativeWindow::Description CheckWindow::describe() {
-    return {u"BUTTON", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_3STATE};
+    return {u"BUTTON", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_3STATE | BS_MULTILINE};
 }
 
 void CheckWindow::mirror(ui::Change changes) {
