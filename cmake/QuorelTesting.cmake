@@ -12,13 +12,24 @@ else()
     include(GoogleTest)
 endif()
 
+# Tests are compiled far more often than they run long, and what they all include is compiled once.
+add_library(quorel_test_options INTERFACE)
+target_include_directories(quorel_test_options INTERFACE ${CMAKE_SOURCE_DIR})
+# Behind the options of all, whose level of optimization this replaces.
+target_compile_options(quorel_test_options INTERFACE -O0)
+target_link_libraries(quorel_test_options INTERFACE GTest::gtest GTest::gtest_main)
+add_executable(quorel_test_headers ${CMAKE_SOURCE_DIR}/cmake/test_headers.cpp)
+target_link_libraries(quorel_test_headers PRIVATE quorel_options quorel_test_options)
+target_precompile_headers(quorel_test_headers PRIVATE <algorithm> <functional> <map> <memory> <optional> <string>
+                                                      <string_view> <utility> <vector> <gtest/gtest.h>)
+
 # quorel_test(name SOURCES ... DEPENDS ...): one test program. Natively its tests are known to ctest; Windows programs
 # are run under Wine by ./quorel test.
 function(quorel_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ${arg_DEPENDS} GTest::gtest GTest::gtest_main quorel_options)
-    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${arg_DEPENDS} quorel_options quorel_test_options)
+    target_precompile_headers(${name} REUSE_FROM quorel_test_headers)
     if(CMAKE_CROSSCOMPILING)
         set_property(GLOBAL APPEND PROPERTY QUOREL_WINDOWS_TESTS ${name})
     else()

@@ -1,0 +1,1 @@
+// The headers that the tests share are precompiled with this file.
