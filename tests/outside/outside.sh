@@ -72,6 +72,8 @@ outside_in_display() {
     keyboard_tests
     matrix_tests
     property_tests
+    # The last to come: it changes what the library holds.
+    explorer_tests
 }
 
 outside_tests() {
