@@ -76,8 +76,12 @@ void frmOptions::Init(Object settings) {
     tbsOptions_Click();
     Form_Resize();
     setClientSize(layout().client);
-    if (!editors_.empty())
-        editors_.front()->focusTarget().focus();
+    if (editors_.empty())
+        return;
+    ui::Control& first = editors_.front()->focusTarget();
+    first.focus();
+    if (auto* const box = dynamic_cast<ui::TextBox*>(&first))
+        box->selectAll();
 }
 
 void frmOptions::PopUp() {
@@ -195,8 +199,8 @@ void frmOptions::Form_Resize() {
         cmdCancel_.setBounds(parts.cancel);
         cmdApply_.setBounds(parts.apply);
         for (std::size_t i = 0; i < pages_.size(); ++i) {
-            const ui::Size seen = parts.pages[i];
-            pages_[i]->setBounds({pages_[i]->bounds().left, parts.pageTop, seen.width, seen.height});
+            const ui::Twips left = pages_[i]->bounds().left;
+            pages_[i]->setBounds({left, parts.page.top, parts.page.width, parts.page.height});
             pages_[i]->setContentHeight(pageSizes_[i].height);
         }
     });

@@ -20,6 +20,8 @@ namespace {
 constexpr std::u16string_view kTabByDesign = u"General";
 constexpr ui::Twips kColumnLeft = 120_tw;
 constexpr std::int32_t kFirstMaxEntrys = 16;
+/// Between the edges of a page and what is on it.
+constexpr ui::Twips kPageMargin = 150_tw;
 
 }  // namespace
 
@@ -88,14 +90,17 @@ void frmOptions::makeTabs(const SettingFormPlan& plan) {
         pages_.push_back(
             &tbsOptions_.add<ui::ScrollPanel>(u"picOptions(" + automation::decimal(index) + u")"));
         pages_.back()->setVisible(index == 0);
-        pageSizes_.push_back(tab.page);
+        pageSizes_.push_back({tab.page.width + kPageMargin * 2, tab.page.height + kPageMargin * 2});
     }
     tbsOptions_.setTabs(std::move(tabs));
 }
 
 void frmOptions::makeEditor(const SettingRecord& record, const PlannedEntry& entry,
                             const FormMeasures& measures) {
-    const EntryLayout parts = layoutEntry(entry, measures);
+    PlannedEntry placed = entry;
+    placed.bounds.left += kPageMargin;
+    placed.bounds.top += kPageMargin;
+    const EntryLayout parts = layoutEntry(placed, measures);
     auto owned = std::make_unique<SettingEditor>();
     SettingEditor& editor = *owned;
     editor.kind = entry.kind;

@@ -11,8 +11,8 @@ using ui::Size;
 using ui::Twips;
 using namespace ui::literals;
 
-constexpr Twips kMargin = 120_tw;
-constexpr Twips kPageMargin = 150_tw;
+constexpr Twips kMargin = kStripLeft;
+constexpr Twips kPageMargin = 30_tw;
 constexpr Twips kGap = 90_tw;
 constexpr Twips kPadding = 120_tw;
 constexpr Twips kButtonPadding = 150_tw;
@@ -30,7 +30,7 @@ constexpr Size kLeastPage{5280_tw, 1800_tw};
 }  // namespace
 
 Twips columnWidth(const OptionsMeasures& measures) noexcept {
-    const Twips taken = kFrame.width + kMargin * 2 + kPageLeft * 2 + measures.scrollBarWidth;
+    const Twips taken = kFrame.width + kMargin * 2 + kPageLeft * 4 + measures.scrollBarWidth;
     return std::clamp((measures.workArea.width - taken) / 2, kLeastColumn, kFirstColumn);
 }
 
@@ -40,19 +40,18 @@ OptionsLayout layoutOptions(std::span<const Size> pages, const OptionsMeasures& 
     const Twips boxHeight = measures.lineHeight + kPadding;
     const Twips buttonHeight = measures.lineHeight + kButtonPadding;
     const Twips stripTop = kMargin + boxHeight + kGap;
-    layout.pageTop = borders.top + kPageMargin;
-    const Twips aroundPage = layout.pageTop + kPageMargin + borders.bottom;
+    const Twips pageTop = borders.top + kPageMargin;
+    const Twips aroundPage = pageTop + kPageMargin + borders.bottom;
     const Twips besidesPage = stripTop + aroundPage + kMargin * 3 + buttonHeight + kFrame.height;
     const Twips highest = std::max(measures.workArea.height - besidesPage, kLeastPage.height);
 
     Size largest = kLeastPage;
     for (const Size& page : pages) {
-        const bool scrolls = page.height > highest;
-        const Twips bar = scrolls ? measures.scrollBarWidth + kGap : 0_tw;
-        layout.pages.push_back({page.width + bar, std::min(page.height, highest)});
-        largest = {std::max(largest.width, layout.pages.back().width),
-                   std::max(largest.height, layout.pages.back().height)};
+        const Twips bar = page.height > highest ? measures.scrollBarWidth : 0_tw;
+        largest = {std::max(largest.width, page.width + bar),
+                   std::max(largest.height, std::min(page.height, highest))};
     }
+    layout.page = {kPageLeft, pageTop, largest.width, largest.height};
     const Twips width = kPageLeft + largest.width + (kPageLeft - borders.left) + borders.right;
     layout.strip = {kMargin, stripTop, width, largest.height + aroundPage};
     layout.search = {kMargin, kMargin, kSearchWidth, boxHeight};

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
 #include "platform/ui/desktop.h"
 #include "platform/ui/units.h"
@@ -16,25 +15,26 @@ struct OptionsMeasures {
     ui::Size workArea;
 };
 
-/// Where the parts of the options window are. Pages are in the tab strip's coordinates, the parts of the row
-/// of buttons in the row's.
+/// Where the parts of the options window are. The page is in the tab strip's coordinates, the parts of the
+/// row of buttons in the row's.
 struct OptionsLayout {
     ui::Rect search, found, strip, buttons;
-    ui::Twips pageTop;
-    std::vector<ui::Size> pages;  ///< what is seen of each; a page that is higher than that scrolls
+    ui::Rect page;  ///< of the page that is seen; one that is higher than that scrolls
     ui::Rect message, ok, cancel, apply;
     ui::Size client;
 };
 
-/// The left edge of the page that is seen, and of those that are not.
-inline constexpr ui::Twips kPageLeft{210};
+/// The left edge of the page that is seen, 210 twips from the window's, and of those that are not.
+inline constexpr ui::Twips kStripLeft{120};
+inline constexpr ui::Twips kPageLeft = ui::Twips{210} - kStripLeft;
 inline constexpr ui::Twips kPageAway{-20'000};
 
 /// The room of a column of edit controls: as much as two of them have on the screen.
 [[nodiscard]] ui::Twips columnWidth(const OptionsMeasures& measures) noexcept;
 
-/// The tab strip is as large as its largest page needs, but no higher than the screen allows; the row of
-/// buttons is below it. The strip's left edge is the margin on every side of the window, and twice below.
+/// `pages` are the sizes of what the pages hold. The tab strip is as large as its largest page needs, but no
+/// higher than the screen allows; the row of buttons is below it. The strip's left edge is the margin on
+/// every side of the window, and twice below.
 [[nodiscard]] OptionsLayout layoutOptions(std::span<const ui::Size> pages, const OptionsMeasures& measures);
 
 }  // namespace quorel::settings

@@ -280,7 +280,7 @@ TEST_F(OptionsTest, APageHigherThanTheScreenScrolls) {
         EXPECT_TRUE(page.scrolls());
         EXPECT_LE(form.clientSize().height, ui::Twips{9000});
         auto& last = box(form, u"EditBox(60)");
-        EXPECT_EQ(page.contentHeight(), last.bounds().bottom());
+        EXPECT_GT(page.contentHeight(), last.bounds().bottom());
         last.focus();
         EXPECT_GT(page.scrolled(), ui::Twips{0});
         world.user.enterText(last, u"y");
