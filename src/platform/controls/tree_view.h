@@ -48,6 +48,7 @@ class TreeView : public ui::Panel {
     void initialise();
     /// A tree that is filled already is filled anew.
     void setRepository(automation::Object repository);
+    [[nodiscard]] const automation::Object& repository() const noexcept { return repository_; }
     /// Describes entries below those of `parent`; those of the root's descriptions are at the top. A tree
     /// that is filled already shows them a moment later.
     std::shared_ptr<TreeDescription> AddChildDesc(TreeDescription& parent, std::u16string_view typ,
@@ -86,6 +87,7 @@ class TreeView : public ui::Panel {
         std::unique_ptr<automation::Enumerator> rest{};
         automation::Object ahead{};  ///< read, but not listed yet; Nothing when all are listed
         std::size_t listed = 0;
+        std::optional<std::int64_t> total{};  ///< once it was counted
         ui::TreeItemId more = ui::TreeItemId::None;
     };
     struct Slot {
@@ -119,7 +121,9 @@ class TreeView : public ui::Panel {
     bool listSource(ui::TreeItemId item, std::size_t source);
     bool listMore(ui::TreeItemId item, std::size_t source, std::size_t count);
     bool addInstance(ui::TreeItemId item, std::size_t source, automation::Object instance);
-    bool showMore(ui::TreeItemId item, std::size_t source);
+    void showMore(ui::TreeItemId item, std::size_t source);
+    [[nodiscard]] static std::u16string moreText(const Source& source);
+    void countMore(ui::TreeItemId more);
     void addEntry(ui::TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,
                   ui::TreeItemId before);
     void listMoreAt(ui::TreeItemId more);

@@ -128,7 +128,8 @@ bool TreeView::listMore(TreeItemId item, std::size_t index, std::size_t count) {
     for (Object& instance : objects)
         if (!addInstance(item, index, std::move(instance)))
             return false;
-    return showMore(item, index);
+    showMore(item, index);
+    return true;
 }
 
 bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) {
@@ -161,36 +162,61 @@ void TreeView::addEntry(TreeItemId parent, std::shared_ptr<TreeEntry> entry, std
     slotAt(item) = {std::move(entry)};
 }
 
-bool TreeView::showMore(TreeItemId item, std::size_t index) {
-    if (!sourceAt(item, index).ahead) {
-        const TreeItemId more = std::exchange(sourceAt(item, index).more, TreeItemId::None);
-        sourceAt(item, index).rest.reset();
-        tree_->remove(more);
-        return true;
-    }
-    const std::uint64_t generation = generation_;
-    const auto listed = static_cast<std::int64_t>(sourceAt(item, index).listed);
-    std::int64_t total = 0;
-    try {
-        total = Object(sourceAt(item, index).collection).get(u"Count").toInteger();
-    } catch (...) {
-        if (generation == generation_)
-            noteFailure();
-    }
-    if (generation != generation_)
-        return false;
-    total = std::max(total, listed + 1);
-    const std::u16string text =
-        grouped(std::min<std::int64_t>(kPage, total - listed)) + u" more of " + grouped(total);
+void TreeView::showMore(TreeItemId item, std::size_t index) {
     Source& source = sourceAt(item, index);
+    if (!source.ahead) {
+        source.rest.reset();
+        tree_->remove(std::exchange(source.more, TreeItemId::None));
+        return;
+    }
+    const std::u16string text = moreText(source);
     if (source.more != TreeItemId::None) {
         tree_->setItemText(source.more, text);
-        return true;
+        return;
     }
     const TreeItemId more = tree_->add(item, {text});
     slotAt(more) = {};
     sourceAt(item, index).more = more;
-    return true;
+    desktop_.post([this, more, life = std::weak_ptr(alive_)] {
+        if (!life.expired())
+            countMore(more);
+    });
+}
+
+std::u16string TreeView::moreText(const Source& source) {
+    if (!source.total)
+        return grouped(kPage) + u" more";
+    const auto listed = static_cast<std::int64_t>(source.listed);
+    const std::int64_t total = std::max(*source.total, listed + 1);
+    return grouped(std::min<std::int64_t>(kPage, total - listed)) + u" more of " + grouped(total);
+}
+
+/// Nobody waits for the number: counting may take a repository longer than reading a page.
+void TreeView::countMore(TreeItemId more) {
+    const auto alive = keepFormAlive();
+    const auto find = [&]() -> Source* {
+        if (!tree_->contains(more))
+            return nullptr;
+        std::vector<Source>& sources = slotAt(tree_->parentOf(more)).sources;
+        const auto at = std::find_if(sources.begin(), sources.end(),
+                                     [more](const Source& source) { return source.more == more; });
+        return at != sources.end() ? &*at : nullptr;
+    };
+    if (const Source* const source = find()) {
+        const std::uint64_t generation = generation_;
+        std::optional<std::int64_t> total;
+        try {
+            total = Object(source->collection).get(u"Count").toInteger();
+        } catch (...) {
+            if (generation == generation_)
+                noteFailure();
+        }
+        if (Source* const counted = find(); counted != nullptr && total) {
+            counted->total = total;
+            tree_->setItemText(more, moreText(*counted));
+        }
+        reportFailure();
+    }
 }
 
 void TreeView::listMoreAt(TreeItemId more) {

@@ -44,6 +44,7 @@ class TreeViewTest : public ::testing::Test {
     void show() {
         view.populate();
         form->show(ui::Modality::Modeless);
+        desktop.runPosted();
         script->restart();
     }
     std::shared_ptr<TreeDescription> describe(TreeDescription& parent, std::u16string_view typ,
@@ -75,6 +76,10 @@ class TreeViewTest : public ::testing::Test {
     void open(std::initializer_list<std::u16string_view> path) { user.clickItemButton(tree(), at(path)); }
     void click(std::initializer_list<std::u16string_view> path) { user.clickItem(tree(), at(path)); }
     [[nodiscard]] std::u16string selected() { return tree().itemText(tree().selected()); }
+    void refresh() {
+        view.refresh();
+        desktop.runPosted();
+    }
     void press(ui::Key key, ui::Modifiers modifiers = ui::Modifiers::None) {
         user.press(*form, {key, modifiers});
     }

@@ -167,8 +167,38 @@ TEST_F(TreeViewTest, AFullPageAloneNeedsNoMore) {
     show();
     EXPECT_EQ(below(TreeItemId::Root).size(), 100U);
     static_cast<void>(repository->addNode(person, u"p100"));
-    view.refresh();
+    refresh();
     EXPECT_EQ(below(TreeItemId::Root).back(), u"1 more of 101");
+}
+
+TEST_F(TreeViewTest, ThePageIsThereBeforeItIsCounted) {
+    addPersons(150);
+    describe(u"Extension", u"Person");
+    view.populate();
+    EXPECT_EQ(below(TreeItemId::Root).back(), u"100 more");
+    EXPECT_EQ(std::count(script->log.begin(), script->log.end(), u"Person.Extension.Count"), 0);
+    desktop.runPosted();
+    EXPECT_EQ(below(TreeItemId::Root).back(), u"50 more of 150");
+    view.release();
+    view.setRepository(repository);
+    view.populate();
+    view.release();
+    desktop.runPosted();
+    EXPECT_EQ(tree().itemCount(), 0U) << "what is gone is not counted";
+}
+
+TEST_F(TreeViewTest, WhatCannotBeCountedIsListedAllTheSame) {
+    addPersons(150);
+    describe(u"Extension", u"Person");
+    script->onCall = [](const std::u16string& call) {
+        if (call == u"Person.Extension.Count")
+            throw automation::Error(1000);
+    };
+    show();
+    EXPECT_EQ(failures.size(), 1U);
+    script->onCall = {};
+    click({u"100 more"});
+    EXPECT_EQ(below(TreeItemId::Root).size(), 150U);
 }
 
 TEST_F(TreeViewTest, NamesAreAskedOfTheFirstPageOnly) {
@@ -217,6 +247,7 @@ TEST_F(TreeViewTest, FindingListsThePagesUpToWhatWasFound) {
     describe(u"Extension", u"Person");
     show();
     EXPECT_TRUE(view.find(u"p777"));
+    desktop.runPosted();
     EXPECT_EQ(selected(), u"p777");
     EXPECT_EQ(below(TreeItemId::Root).size(), 801U);
     EXPECT_EQ(below(TreeItemId::Root).back(), u"100 more of 1,000");
@@ -302,7 +333,7 @@ TEST_F(PeopleTreeTest, WhatWasSelectedAndIsGoneHandsOverToWhatIsAbove) {
     open({u"Everybody", u"Anna", u"Jobs"});
     click({u"Everybody", u"Anna", u"Jobs", u"Acme"});
     anna->outgoingLinks[u"WorksFor"]->items.erase(anna->outgoingLinks[u"WorksFor"]->items.begin());
-    view.refresh();
+    refresh();
     EXPECT_EQ(below(at({u"Everybody", u"Anna", u"Jobs"})), Texts{u"Zenith"});
     EXPECT_EQ(selected(), u"Jobs");
     ASSERT_EQ(clicked.size(), 2U);
@@ -314,7 +345,7 @@ TEST_F(PeopleTreeTest, AnotherObjectWithTheSameIdentifierIsTheSameEntry) {
     open({u"Everybody"});
     click({u"Everybody", u"Ben"});
     person->extension->items[1].second = make<InstanceDouble>(script, person, u"Ben again", u"id2");
-    view.refresh();
+    refresh();
     EXPECT_EQ(selected(), u"Ben again");
     EXPECT_EQ(clicked.size(), 1U);
 }
@@ -326,7 +357,7 @@ TEST_F(TreeViewTest, RefreshKeepsThePagesThatWereListed) {
     click({u"100 more of 500"});
     click({u"100 more of 500"});
     EXPECT_EQ(selected(), u"p200");
-    view.refresh();
+    refresh();
     EXPECT_EQ(below(TreeItemId::Root).size(), 301U);
     EXPECT_EQ(selected(), u"p200");
 }
@@ -354,12 +385,12 @@ TEST_F(PeopleTreeTest, EveryCallOfAnExpansionMayFail) {
     int failing = 1;
     for (;; ++failing) {
         script->restart(failing);
-        view.refresh();
+        refresh();
         if (!script->hasFailed())
             break;
         EXPECT_EQ(failures.size(), static_cast<std::size_t>(failing)) << "call " << failing;
         script->restart();
-        view.refresh();
+        refresh();
         if (!tree().isExpanded(at({u"Everybody"})))
             open({u"Everybody"});
         if (tree().firstChild(at({u"Everybody", u"Anna"})) == TreeItemId::None)
@@ -397,7 +428,7 @@ TEST_F(TreeViewTest, NothingAmongTheElementsIsLeftOut) {
     describe(u"Extension", u"Person");
     show();
     person->extension->items.emplace_back(u"nothing", Object());
-    view.refresh();
+    refresh();
     EXPECT_EQ(below(TreeItemId::Root), Texts{u"p0"});
     EXPECT_TRUE(failures.empty());
 }
