@@ -89,6 +89,8 @@ class frmOptions final : public ui::Form {
                       ui::Twips captionWidth);
     /// The bar before it and the button behind it.
     void addMark(SettingEditor& editor, const EntryLayout& parts);
+    /// The whole caption, where its room is too small for it.
+    [[nodiscard]] std::u16string captionTip(const std::u16string& caption, ui::Size room) const;
     [[nodiscard]] OptionsMeasures optionsMeasures() const;
     [[nodiscard]] FormMeasures formMeasures() const;
     [[nodiscard]] OptionsLayout layout() const;

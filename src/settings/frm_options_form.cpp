@@ -125,11 +125,17 @@ void frmOptions::makeEditor(const SettingRecord& record, const PlannedEntry& ent
     editors_.push_back(std::move(owned));
 }
 
+std::u16string frmOptions::captionTip(const std::u16string& caption, ui::Size room) const {
+    const ui::Size needed = desktop().labelSize(caption, {}, room.width);
+    const bool fits = needed.width <= room.width && needed.height <= room.height;
+    return fits ? std::u16string() : caption;
+}
+
 void frmOptions::makeTextBox(SettingEditor& editor, const SettingRecord& record, const EntryLayout& parts) {
     ui::ScrollPanel& page = *pages_[editor.tab];
     auto& label = page.add<ui::Label>(nameIn(u"Label", labels_));
     label.setText(record.caption());
-    label.setToolTip(record.caption());
+    label.setToolTip(captionTip(record.caption(), parts.caption.size()));
     label.setBounds(parts.caption);
     auto& box = page.add<ui::TextBox>(nameIn(u"EditBox", editBoxes_));
     box.setText(record.value);
@@ -145,7 +151,7 @@ void frmOptions::makeCheck(SettingEditor& editor, const SettingRecord& record, c
     auto& check = pages_[editor.tab]->add<ui::CheckBox>(nameIn(u"Check", checks_));
     check.setValue(checkValueOf(record.value));
     check.setText(record.caption());
-    check.setToolTip(record.caption());
+    check.setToolTip(captionTip(record.caption(), parts.control.size()));
     check.setBounds(parts.control);
     check.setTag(record.name);
     check.onClick.connect([this, &editor] { refreshMark(editor); });
@@ -167,9 +173,9 @@ void frmOptions::makeSelector(SettingEditor& editor, const SettingRecord& record
     }
     selector.SetAttribute(u"Message", record.caption());
     selector.SetAttribute(u"Mode", editor.kind == EditKind::File ? u"File" : u"Directory");
-    selector.caption().setToolTip(record.caption());
     selector.setCaptionWidth(captionWidth);
     selector.setBounds(parts.control);
+    selector.caption().setToolTip(captionTip(record.caption(), selector.caption().bounds().size()));
     selector.setTag(record.name);
     selector.onChange.connect([this, &editor] { refreshMark(editor); });
     selector.onEntered.connect([this, &editor] { entered(editor); });

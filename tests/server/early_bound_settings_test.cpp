@@ -101,6 +101,23 @@ TEST_F(EarlyBoundSettings, ASearchTakesAnyValue) {
     EXPECT_EQ(win32::fromDispatch(found.get()).native(), model.setting(u"Name"));
 }
 
+TEST_F(EarlyBoundSettings, AStoreThatRefusesIsTheHostsError) {
+    // Below a key that does not outlive the session nothing can be kept.
+    win32::RegistryKey place;
+    ASSERT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, kPlace, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
+                                nullptr, place.out(), nullptr),
+              ERROR_SUCCESS);
+    const auto store = dll.create<ISettings>(__uuidof(::Settings));
+    IDispatch* object = information.get();
+    ASSERT_EQ(store->Init(&title.value, &category.value, &object), S_OK);
+    InOut value(u"Anna");
+    VARIANT_BOOL result = VARIANT_FALSE;
+    const HRESULT status = store->SetEntry(makeBstr(u"Name").get(), &value.value, &result);
+    ASSERT_TRUE(FAILED(status));
+    EXPECT_NE(win32::errorOfCall(status).description(), u"");
+    EXPECT_EQ(registry.read(u"Browser", u"Navigator", u"Name"), std::nullopt);
+}
+
 TEST_F(EarlyBoundSettings, OptionsGiveTheirStore) {
     const auto options = dll.create<IOptions>(__uuidof(::Options));
     ASSERT_TRUE(options);

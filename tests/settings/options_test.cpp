@@ -289,6 +289,21 @@ TEST_F(OptionsTest, APageHigherThanTheScreenScrolls) {
     EXPECT_EQ(stored(u"Setting60"), u"y");
 }
 
+TEST_F(OptionsTest, ACaptionTooLongForItsRoomIsToldWhole) {
+    create();
+    const std::u16string endless(5000, u'x');
+    declare(u"A", u"", u"Text", u"Long", endless);
+    declare(u"B", u"", u"File", u"Long", endless);
+    declare(u"C", u"", u"Boolean", u"Long", endless);
+    declare(u"D", u"", u"Text", u"Long", u"Short");
+    look([&](frmOptions& form) {
+        for (const char16_t* name : {u"Label(1)", u"FileSelector(1).Message", u"Check(1)"})
+            EXPECT_TRUE(form.find(name)->toolTip() == endless);
+        EXPECT_EQ(form.find(u"Label(2)")->toolTip(), u"");
+        EXPECT_LT(form.clientSize().width, ui::Twips{15'000});
+    });
+}
+
 TEST_F(OptionsTest, AttributesDecideHowManyFitOnATab) {
     create();
     for (int i = 1; i <= 4; ++i)
