@@ -64,6 +64,9 @@ TreeItemId TreeView::childFor(TreeItemId parent, const TreeEntry& entry) {
         return TreeItemId::None;
     if (entry.position >= at->listed && at->ahead) {
         const std::size_t missing = entry.position + 1 - at->listed;
+        // Thousands of lines are added faster where they cannot be seen.
+        if (missing > kPage && parent != TreeItemId::Root)
+            tree_->collapse(parent);
         try {
             if (!listMore(parent, static_cast<std::size_t>(at - sources.begin()),
                           (missing + kPage - 1) / kPage * kPage))

@@ -255,6 +255,18 @@ TEST_F(TreeViewTest, FindingListsThePagesUpToWhatWasFound) {
     EXPECT_FALSE(view.find(u""));
 }
 
+TEST_F(TreeViewTest, FindingFarDownLeavesTheWayOpen) {
+    addPersons(1000);
+    const auto all = describe(u"Group", u"", u"All");
+    describe(*all, u"Extension", u"Person");
+    show();
+    open({u"All"});
+    EXPECT_TRUE(view.find(u"p777"));
+    EXPECT_TRUE(tree().isExpanded(at({u"All"})));
+    EXPECT_EQ(selected(), u"p777");
+    EXPECT_TRUE(tree().isItemShown(tree().selected()));
+}
+
 TEST_F(TreeViewTest, ALongSearchIsContinued) {
     for (std::size_t i = 0; i < 3; ++i)
         addPersons(1);
