@@ -194,8 +194,10 @@ void Container::clear() {
         for (const std::unique_ptr<Control>& child : gone)
             child->unrealize();
     }
-    if (focused != nullptr && holder->isShown())
-        holder->repairFocus();
+    if (focused == nullptr || !holder->isShown())
+        return;
+    holder->focused_ = nullptr;  // the system gives the focus of a window that ends to the one around it
+    holder->repairFocus();
 }
 
 void Container::dropHiddenPeers() noexcept {
