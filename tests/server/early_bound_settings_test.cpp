@@ -4,6 +4,7 @@
 
 #include "platform/automation/calls.h"
 #include "platform/win32/com/bridge.h"
+#include "platform/win32/com/failures.h"
 #include "platform/win32/ui/registry_settings_store.h"
 #include "server/QuorelUtility.h"
 #include "tests/server/server_dll.h"
