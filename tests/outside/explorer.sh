@@ -3,7 +3,7 @@
 # package index. Sourced by ./quorel after outside.sh, whose helpers it uses.
 
 tree_holds() { spy frmExplorer items TreeView1 300 | grep -qF -- "$1"; }
-tree_selected() { spy frmExplorer items TreeView1 300 | grep '^\*' | grep -qF -- "$1"; }
+tree_selected() { spy frmExplorer items TreeView1 9000 | grep '^\*' | grep -qF -- "$1"; }
 tabs_are() { [[ $(spy frmExplorer tabs vsIndexTab1 | tr -d '*' | tr -s '\n\t ' ' ' | sed 's/^ //; s/ $//') == "$1" ]]; }
 explorer_holds() { spy frmExplorer rows "$1" 60 | grep -qE "$2"; }
 caption_is() { [[ $(spy frmExplorer text PaneCaption) == "$1" ]]; }
