@@ -104,6 +104,7 @@ test_samples() {
     rm -f "$made"-by-*
     run_script sample-report samples/vbscript/report.vbs "$repository"
     run_script sample-identifiers samples/vbscript/identifiers.vbs Garden
+    run_script sample-settings samples/vbscript/settings.vbs "$(windows_path "$made-by-settings.quorel")"
     run_script sample-repository.vbs samples/vbscript/repository.vbs "$(windows_path "$made-by-vbscript.quorel")"
     run_script sample-repository.js samples/jscript/repository.js "$(windows_path "$made-by-jscript.quorel")"
     run_program sample-repository.cpp build/windows/bin/sample_repository.exe "$repository"

@@ -72,6 +72,7 @@ outside_in_display() {
     keyboard_tests
     matrix_tests
     property_tests
+    options_tests
     # The last to come: it changes what the library holds.
     explorer_tests
 }
