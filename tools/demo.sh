@@ -121,6 +121,7 @@ demo_in_virtual_display() {
     wait "$host" || status=$?
     [[ $status == 0 ]] || return "$status"
     demo_matrix
+    demo_explorer
 }
 
 run_demo() {

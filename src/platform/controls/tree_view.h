@@ -30,7 +30,8 @@ namespace quorel::controls {
 /// is selected. An object is asked for its name when its entry is listed, and for nothing else.
 ///
 /// A text in the box above the tree is looked for by Enter in all entries, listed or not, those nearer to the
-/// top first; Enter again, and F3 in the tree, go on to the next one. Ctrl+F goes to the box, Esc back. F5
+/// top first; Enter again, and F3 in the tree, go on to the next one. The pages up to it are listed; one that
+/// is more than ten pages away is listed by itself, behind those. Ctrl+F goes to the box, Esc back. F5
 /// reads everything anew and keeps what is open and what is selected.
 ///
 /// Made of plain controls: the tree bears the name given, this container is "<name>.View", the box
@@ -89,6 +90,7 @@ class TreeView : public ui::Panel {
         std::size_t listed = 0;
         std::optional<std::int64_t> total{};  ///< once it was counted
         ui::TreeItemId more = ui::TreeItemId::None;
+        std::vector<automation::Object> revealed{};  ///< found and shown before their page is listed
     };
     struct Slot {
         std::shared_ptr<TreeEntry> entry{};
@@ -124,6 +126,7 @@ class TreeView : public ui::Panel {
     void showMore(ui::TreeItemId item, std::size_t source);
     [[nodiscard]] static std::u16string moreText(const Source& source);
     void countMore(ui::TreeItemId more);
+    [[nodiscard]] std::u16string textOf(const TreeEntry& entry);
     void addEntry(ui::TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,
                   ui::TreeItemId before);
     void listMoreAt(ui::TreeItemId more);
@@ -133,6 +136,12 @@ class TreeView : public ui::Panel {
     // Finding.
     [[nodiscard]] ui::TreeItemId reveal(const TreeEntry& entry);
     [[nodiscard]] ui::TreeItemId childFor(ui::TreeItemId parent, const TreeEntry& entry);
+    /// Shows one that is far down by itself, in front of what stands for more.
+    ui::TreeItemId revealAlone(ui::TreeItemId parent, std::size_t source, automation::Object instance,
+                               std::size_t position);
+    [[nodiscard]] ui::TreeItemId stillThere(ui::TreeItemId parent, const TreeEntry& former,
+                                            const std::u16string& identifier);
+    [[nodiscard]] std::optional<std::size_t> sourceOf(ui::TreeItemId parent, const TreeEntry& entry);
 
     // Reading anew.
     [[nodiscard]] std::vector<Kept> keptBelow(ui::TreeItemId item);

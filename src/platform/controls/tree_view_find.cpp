@@ -11,6 +11,10 @@ namespace quorel::controls {
 using automation::Object;
 using ui::TreeItemId;
 
+namespace {
+constexpr std::size_t kMostPages = 10;
+}
+
 // Finding.
 // ------------------------------------------------------------------------
 
@@ -55,21 +59,27 @@ TreeItemId TreeView::reveal(const TreeEntry& entry) {
     return childFor(parent, entry);
 }
 
-TreeItemId TreeView::childFor(TreeItemId parent, const TreeEntry& entry) {
+std::optional<std::size_t> TreeView::sourceOf(TreeItemId parent, const TreeEntry& entry) {
     const std::vector<Source>& sources = slotAt(parent).sources;
     const auto at = std::find_if(sources.begin(), sources.end(), [&entry](const Source& source) {
         return source.description == entry.description;
     });
-    if (at == sources.end())
+    return at != sources.end() ? std::optional(static_cast<std::size_t>(at - sources.begin())) : std::nullopt;
+}
+
+TreeItemId TreeView::childFor(TreeItemId parent, const TreeEntry& entry) {
+    const std::optional<std::size_t> index = sourceOf(parent, entry);
+    if (!index)
         return TreeItemId::None;
-    if (entry.position >= at->listed && at->ahead) {
-        const std::size_t missing = entry.position + 1 - at->listed;
-        // Thousands of lines are added faster where they cannot be seen.
+    const Source& source = sourceAt(parent, *index);
+    const bool isFar = entry.position >= source.listed + kPage * kMostPages;
+    if (entry.position >= source.listed && source.ahead && !isFar) {
+        const std::size_t missing = entry.position + 1 - source.listed;
+        // Many lines are added faster where they cannot be seen.
         if (missing > kPage && parent != TreeItemId::Root)
             tree_->collapse(parent);
         try {
-            if (!listMore(parent, static_cast<std::size_t>(at - sources.begin()),
-                          (missing + kPage - 1) / kPage * kPage))
+            if (!listMore(parent, *index, (missing + kPage - 1) / kPage * kPage))
                 return TreeItemId::None;
         } catch (...) {
             noteFailure();
@@ -86,7 +96,23 @@ TreeItemId TreeView::childFor(TreeItemId parent, const TreeEntry& entry) {
         if (candidate->position == entry.position)
             atPosition = child;
     }
-    return atPosition;
+    return isFar ? revealAlone(parent, *index, entry.instance, entry.position) : atPosition;
+}
+
+TreeItemId TreeView::revealAlone(TreeItemId parent, std::size_t index, Object instance,
+                                 std::size_t position) {
+    const std::uint64_t generation = generation_;
+    auto entry = std::make_shared<TreeEntry>(
+        TreeEntry{sourceAt(parent, index).description, std::move(instance), entryAt(parent)});
+    entry->position = position;
+    std::u16string text = textOf(*entry);
+    if (generation != generation_)
+        return TreeItemId::None;
+    Source& source = sourceAt(parent, index);
+    source.revealed.push_back(entry->instance);
+    const TreeItemId before = source.more;
+    addEntry(parent, entry, std::move(text), before);
+    return entry->item;
 }
 
 // Reading anew.
@@ -180,10 +206,23 @@ TreeItemId TreeView::itemFor(TreeItemId parent, const TreeEntry& former) {
             if (Object(entryAt(child)->instance).get(u"Identifier").toString() == identifier)
                 return child;
         }
+        return generation == generation_ ? stillThere(parent, former, identifier) : TreeItemId::None;
     } catch (...) {
         return TreeItemId::None;  // an object that cannot tell who it is, is nobody who was there
     }
-    return TreeItemId::None;
+}
+
+/// One that was listed by itself is far down again.
+TreeItemId TreeView::stillThere(TreeItemId parent, const TreeEntry& former,
+                                const std::u16string& identifier) {
+    const std::optional<std::size_t> index = sourceOf(parent, former);
+    if (!index || !sourceAt(parent, *index).ahead)
+        return TreeItemId::None;
+    const std::uint64_t generation = generation_;
+    Object instance = Object(sourceAt(parent, *index).collection).get(u"Item", identifier).toObject();
+    if (generation != generation_ || !instance)
+        return TreeItemId::None;
+    return revealAlone(parent, *index, std::move(instance), former.position);
 }
 
 /// What was selected is gone: the user stands on what was above it.

@@ -136,14 +136,12 @@ bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) 
     const std::uint64_t generation = generation_;
     auto entry = std::make_shared<TreeEntry>(
         TreeEntry{sourceAt(item, index).description, std::move(instance), entryAt(item)});
-    std::u16string text;
-    try {
-        text = instanceText(entry->kind(), entry->instance);
-    } catch (...) {
-        text = kUnreadableMark;
-        if (generation == generation_)
-            noteFailure();
+    const auto& revealed = sourceAt(item, index).revealed;
+    if (std::find(revealed.begin(), revealed.end(), entry->instance) != revealed.end()) {
+        ++sourceAt(item, index).listed;
+        return true;
     }
+    std::u16string text = textOf(*entry);
     if (generation != generation_)
         return false;
     Source& source = sourceAt(item, index);
@@ -151,6 +149,18 @@ bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) 
     const TreeItemId before = source.more;
     addEntry(item, std::move(entry), std::move(text), before);
     return true;
+}
+
+/// The mark of what cannot be read, where that is so.
+std::u16string TreeView::textOf(const TreeEntry& entry) {
+    const std::uint64_t generation = generation_;
+    try {
+        return instanceText(entry.kind(), entry.instance);
+    } catch (...) {
+        if (generation == generation_)
+            noteFailure();
+        return std::u16string(kUnreadableMark);
+    }
 }
 
 void TreeView::addEntry(TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,

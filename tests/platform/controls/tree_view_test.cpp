@@ -267,6 +267,34 @@ TEST_F(TreeViewTest, FindingFarDownLeavesTheWayOpen) {
     EXPECT_TRUE(tree().isItemShown(tree().selected()));
 }
 
+TEST_F(TreeViewTest, WhatIsVeryFarDownIsListedByItself) {
+    addPersons(5000);
+    const auto all = describe(u"Group", u"", u"All");
+    describe(*all, u"Extension", u"Person");
+    show();
+    EXPECT_TRUE(view.find(u"p4321"));
+    desktop.runPosted();
+    EXPECT_EQ(selected(), u"p4321");
+    Texts listed = below(at({u"All"}));
+    ASSERT_EQ(listed.size(), 102U);
+    EXPECT_EQ(listed[100], u"p4321");
+    EXPECT_EQ(listed[101], u"100 more of 5,000");
+    const std::shared_ptr<TreeEntry> found = clicked.back();
+    refresh();
+    EXPECT_EQ(view.selectedEntry(), found) << "a refresh keeps it";
+    EXPECT_EQ(below(at({u"All"})).size(), 102U);
+    EXPECT_TRUE(view.find(u"p4321")) << "again";
+    EXPECT_EQ(below(at({u"All"})).size(), 102U);
+    for (int page = 0; page < 49; ++page)
+        user.clickItem(tree(), tree().lastChild(at({u"All"})));
+    listed = below(at({u"All"}));
+    EXPECT_EQ(listed.size(), 5000U);
+    EXPECT_EQ(std::count(listed.begin(), listed.end(), u"p4321"), 1) << "its page does not list it again";
+    person->extension->items.erase(person->extension->items.begin() + 4321);
+    view.setRepository(repository);
+    EXPECT_FALSE(view.find(u"p4321"));
+}
+
 TEST_F(TreeViewTest, ALongSearchIsContinued) {
     for (std::size_t i = 0; i < 3; ++i)
         addPersons(1);
