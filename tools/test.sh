@@ -103,6 +103,7 @@ test_samples() {
     repository=$(windows_path "$sample_repository")
     rm -f "$made"-by-*
     run_script sample-report samples/vbscript/report.vbs "$repository"
+    run_script sample-progress samples/vbscript/progress.vbs "$repository"
     run_script sample-identifiers samples/vbscript/identifiers.vbs Garden
     run_script sample-settings samples/vbscript/settings.vbs "$(windows_path "$made-by-settings.quorel")"
     run_script sample-repository.vbs samples/vbscript/repository.vbs "$(windows_path "$made-by-vbscript.quorel")"

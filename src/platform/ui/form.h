@@ -62,7 +62,8 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     [[nodiscard]] bool hasPosition() const noexcept { return positioned_; }
     [[nodiscard]] bool isMaximized() const noexcept { return maximized_; }
     void setMaximized(bool maximized);
-    /// How far a long operation is, 0 to 1, shown where the system lists its windows; none when there is none.
+    /// How far a long operation is, 0 to 1, shown where the system lists its windows; none when there is
+    /// none.
     [[nodiscard]] std::optional<double> progress() const noexcept { return progress_; }
     void setProgress(std::optional<double> progress);
 

@@ -9,7 +9,8 @@ namespace quorel::ui {
 
 /// A bar that fills. Its three numbers are kept as they are set, in any order and whatever they are; what is
 /// drawn is the value brought between the ends, and nothing while the ends enclose nothing. It is
-/// painted at once, some 30 times a second and when it is full, for who makes progress seldom serves messages.
+/// painted at once, some 30 times a second and when it is full, for who makes progress seldom serves
+/// messages.
 class ProgressBar : public Control {
   public:
     explicit ProgressBar(std::u16string_view name) : Control(name) { setTabStop(false); }
