@@ -11,7 +11,8 @@ std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& r
     return {uuidGeneratorClass(registry), sixPaneClass(registry),        nameEditClass(registry),
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
             progressBarClass(registry),   explorerClass(registry),       settingsClass(registry),
-            settingEntryClass(registry),  optionsClass(registry)};
+            settingEntryClass(registry),  optionsClass(registry),        fileSelectorClass(registry),
+            fileTypesClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

@@ -10,6 +10,8 @@ namespace quorel::server {
 // One function per public class: what the platform has to know of it. Objects come from `registry`, which has
 // the class already; from now on they have their published interface.
 [[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass fileSelectorClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass fileTypesClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass optionsClass(const automation::ClassRegistry& registry);

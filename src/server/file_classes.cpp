@@ -1,0 +1,29 @@
+#include "server/com_class_objects.h"
+
+namespace quorel::server {
+
+namespace {
+
+// The contract does not describe the two: they are called by name.
+constexpr GUID kFileSelector = {0x594603AA, 0xFEC0, 0x4537, {0x91, 0x70, 0x68, 0x2B, 0x3D, 0x68, 0x09, 0x47}};
+constexpr GUID kFileTypes = {0x9FDC875D, 0xF917, 0x4565, {0xA4, 0xAC, 0x21, 0xC6, 0xE8, 0x11, 0x5D, 0x11}};
+
+win32::ComClass offerLateBound(const automation::ClassRegistry& registry, const GUID& clsid,
+                               std::u16string progId, std::u16string description) {
+    return {clsid, progId, std::move(description),
+            [&registry, progId] { return registry.createObject(progId); }};
+}
+
+}  // namespace
+
+win32::ComClass fileSelectorClass(const automation::ClassRegistry& registry) {
+    return offerLateBound(registry, kFileSelector, u"VardekFileSelector.FileSelector",
+                          u"Lets the user choose a file or a folder.");
+}
+
+win32::ComClass fileTypesClass(const automation::ClassRegistry& registry) {
+    return offerLateBound(registry, kFileTypes, u"VardekFileAccess.c_FileType",
+                          u"Types of files with extension and filter, by key.");
+}
+
+}  // namespace quorel::server
