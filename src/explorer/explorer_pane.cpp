@@ -128,8 +128,9 @@ void ExplorerPane::AddListView(std::u16string_view view, std::u16string_view met
 
 void ExplorerPane::AddProperty(std::u16string_view metatype, std::u16string_view subPaneCaption) {
     subPane& page = target(subPaneCaption);
-    auto& property = page.Pane->add<controls::Property>(window_->nextElement(u"Property1"),
-                                                        window_->desktop(), window_->fileDialogs());
+    const frame::Environment& world = window_->environment();
+    auto& property = page.Pane->add<controls::Property>(window_->nextElement(u"Property1"), world.desktop,
+                                                        world.fileDialogs, world.valuePickers);
     ExplorerControl control = described(ControlKind::Property, property);
     control.metatype = metatype;
     place(page, control, 0_tw, [&] {

@@ -64,7 +64,6 @@ class ExplorerWindow : public ui::Form {
     [[nodiscard]] controls::IndexTab& tabs() noexcept { return *tabs_; }
     [[nodiscard]] const std::shared_ptr<ui::ImageList>& smallImages() const noexcept { return smallImages_; }
     [[nodiscard]] const std::shared_ptr<ui::ImageList>& bigImages() const noexcept { return bigImages_; }
-    [[nodiscard]] shell::FileDialogs* fileDialogs() const noexcept { return environment_.fileDialogs; }
     [[nodiscard]] const frame::Environment& environment() const noexcept { return environment_; }
     /// The name of the next element of a control array, such as "Label1(3)".
     [[nodiscard]] std::u16string nextElement(std::u16string_view array);
