@@ -5,16 +5,17 @@ Sub Check(condition, text)
     If Not condition Then Err.Raise 1000, "file_classes.vbs", text
 End Sub
 
-Dim types, known, selector, count
+Dim types, known, selector, count, order
 Set types = CreateObject("VardekFileAccess.c_FileType")
 types.Add "EXE", ".exe", "Executable files (*.exe)|*.exe"
 types.Add "TXT", ".txt", "Textfile (*.txt)|*.txt"
 Check types("EXE").Extension = ".exe", "the extension by key"
 Check types("txt").Filter = "Textfile (*.txt)|*.txt", "keys ignore case"
 count = 0
+order = Array("EXE", "TXT")
 For Each known In types
     count = count + 1
-    Check known.Key = Array("EXE", "TXT")(count - 1), "the order of adding"
+    Check known.Key = order(count - 1), "the order of adding"
 Next
 Check count = 2 And types.Count = 2, "two types"
 On Error Resume Next
