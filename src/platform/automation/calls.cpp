@@ -1,6 +1,7 @@
 #include "platform/automation/calls.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/automation/error.h"
 
@@ -12,12 +13,17 @@ void Enumerator::nextObjects(std::span<Object> objects, std::size_t& filled) {
     while (filled < objects.size()) {
         const std::size_t wanted = std::min(objects.size() - filled, batch.size());
         const std::size_t got = next(std::span(batch).first(wanted));
-        for (std::size_t i = 0; i < got; ++i) {
-            auto* const element = batch[i].getIf<Object>();
+        Object* const first = objects.data() + filled;
+        std::size_t taken = 0;
+        for (; taken < got; ++taken) {
+            auto* const element = batch[taken].getIf<Object>();
             if (element == nullptr)
-                throw Error(error_number::kTypeMismatch);
-            objects[filled++] = std::move(*element);
+                break;
+            std::construct_at(first + taken, std::move(*element));
         }
+        filled += taken;
+        if (taken < got)
+            throw Error(error_number::kTypeMismatch);
         if (got < wanted)
             return;
     }
