@@ -12,6 +12,7 @@
 #include "platform/controls/list_view.h"
 #include "platform/controls/property.h"
 #include "server/public_classes.h"
+#include "tests/support/failures.h"
 #include "tests/support/repository_double.h"
 #include "tests/support/test_world.h"
 
@@ -186,17 +187,7 @@ struct ExplorerTest : ::testing::Test {
     [[nodiscard]] std::u16string caption() { return get<ui::Label>(u"PaneCaption").text(); }
 
     /// The labels of the last box, as "frmExplorer/Procedure".
-    [[nodiscard]] std::u16string lastPlace() {
-        if (world.boxes().empty())
-            return u"no box";
-        const std::u16string box = world.boxes().back();
-        const std::size_t module = box.find(u"(Module '") + 9;
-        const std::size_t function = box.find(u"' Function '", module);
-        const std::size_t end = box.find(u"()')", function);
-        if (function == std::u16string::npos || end == std::u16string::npos)
-            return u"no place in: " + box;
-        return box.substr(module, function - module) + u"/" + box.substr(function + 12, end - function - 12);
-    }
+    [[nodiscard]] std::u16string lastPlace() const { return testing::lastPlace(world); }
     using Texts = std::vector<std::u16string>;
 };
 

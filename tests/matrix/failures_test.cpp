@@ -8,22 +8,8 @@ namespace quorel::matrix {
 namespace {
 
 struct MatrixFailures : MatrixTest {
-    /// Lets the first call of that name fail while `action` runs; the place that the one box names.
     std::u16string placeOfFailure(const std::u16string& call, const std::function<void()>& action) {
-        const std::size_t before = world.boxes().size();
-        bool failed = false;
-        model.script->onCall = [&](const std::u16string& made) {
-            if (made == call && !std::exchange(failed, true))
-                throw automation::Error(1000, u"Refused", u"Repository");
-        };
-        world.expectBox();
-        action();
-        world.desktop.runPosted();
-        model.script->onCall = {};
-        world.desktop.verify();
-        EXPECT_EQ(world.boxes().size(), before + 1);
-        EXPECT_TRUE(world.boxes().back().starts_with(u"Error No: 1000  'Refused'\r\n  'Repository'\r\n"));
-        return lastPlace();
+        return testing::placeOfFailure(world, *model.script, call, action);
     }
 };
 

@@ -9,6 +9,7 @@
 #include "matrix/frm_matrix_browser.h"
 #include "matrix/matrix_browser.h"
 #include "server/public_classes.h"
+#include "tests/support/failures.h"
 #include "tests/support/repository_double.h"
 #include "tests/support/session_double.h"
 #include "tests/support/test_world.h"
@@ -142,18 +143,7 @@ struct MatrixTest : ::testing::Test {
     using Texts = std::vector<std::u16string>;
     using Rows = std::vector<Texts>;
 
-    /// The labels of a box, as "MatrixBrowser/Procedure".
-    [[nodiscard]] static std::u16string placeIn(const std::u16string& box) {
-        const std::size_t module = box.find(u"(Module '") + 9;
-        const std::size_t function = box.find(u"' Function '", module);
-        const std::size_t end = box.find(u"()')", function);
-        if (function == std::u16string::npos || end == std::u16string::npos)
-            return u"no place in: " + box;
-        return box.substr(module, function - module) + u"/" + box.substr(function + 12, end - function - 12);
-    }
-    [[nodiscard]] std::u16string lastPlace() {
-        return world.boxes().empty() ? u"no box" : placeIn(world.boxes().back());
-    }
+    [[nodiscard]] std::u16string lastPlace() const { return testing::lastPlace(world); }
 };
 
 }  // namespace quorel::matrix

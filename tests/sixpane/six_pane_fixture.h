@@ -9,6 +9,7 @@
 #include "server/public_classes.h"
 #include "sixpane/frm_six_pane.h"
 #include "sixpane/six_pane.h"
+#include "tests/support/failures.h"
 #include "tests/support/repository_double.h"
 #include "tests/support/session_double.h"
 #include "tests/support/test_world.h"
@@ -106,18 +107,7 @@ struct SixPaneTest : ::testing::Test {
     using Counts = std::vector<std::size_t>;
     using Log = std::vector<std::u16string>;
 
-    /// The labels of the one box that was shown, as "SixPane/Procedure".
-    [[nodiscard]] static std::u16string placeIn(const std::u16string& box) {
-        const std::size_t module = box.find(u"(Module '") + 9;
-        const std::size_t function = box.find(u"' Function '", module);
-        const std::size_t end = box.find(u"()')", function);
-        if (function == std::u16string::npos || end == std::u16string::npos)
-            return u"no place in: " + box;
-        return box.substr(module, function - module) + u"/" + box.substr(function + 12, end - function - 12);
-    }
-    [[nodiscard]] std::u16string lastPlace() {
-        return world.boxes().empty() ? u"no box" : placeIn(world.boxes().back());
-    }
+    [[nodiscard]] std::u16string lastPlace() const { return testing::lastPlace(world); }
 };
 
 }  // namespace quorel::sixpane
