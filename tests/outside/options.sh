@@ -4,6 +4,14 @@
 
 settings_key='HKCU\Software\VB and VBA Program Settings\Quorel test\Outside'
 
+# The key is made first, so that to take it away fails only when it cannot be taken away.
+forget_settings() { # APPLICATION
+    local key="HKCU\\Software\\VB and VBA Program Settings\\$1"
+    run_windows 30 reg add "$key" /f >>"$logs/wine.log" 2>&1 &&
+        run_windows 30 reg delete "$key" /f >>"$logs/wine.log" 2>&1 ||
+        fail "the settings of $1 cannot be taken away"
+}
+
 registry_says() { # NAME VALUE
     local line
     line=$(run_windows 30 reg query "$settings_key" /v "$1" | tr -d '\r' | grep "REG_SZ")
@@ -79,7 +87,7 @@ options_second() {
 options_host() { # NAME
     local file=$outside_dir/options.quorel
     rm -f "$file"*
-    run_windows 30 reg delete 'HKCU\Software\VB and VBA Program Settings\Quorel test' /f >/dev/null 2>&1 || true
+    forget_settings 'Quorel test'
     start_host "options-$1" script_host tests/outside/options.vbs "$(windows_path "$file")"
     wait_for_form frmOptions
     options_first "$1"
@@ -89,7 +97,7 @@ options_host() { # NAME
 options_sample() {
     local file=$outside_dir/options-sample.quorel
     rm -f "$file"*
-    run_windows 30 reg delete 'HKCU\Software\VB and VBA Program Settings\Quorel sample' /f >/dev/null 2>&1 || true
+    forget_settings 'Quorel sample'
     start_host options-sample script_host samples/vbscript/options.vbs "$(windows_path "$file")"
     wait_for_form frmOptions
     expect "the sample: the dialog opens" options_tab Person
@@ -106,7 +114,7 @@ options_at_192() {
     resolution 192
     local file=$outside_dir/options.quorel
     rm -f "$file"*
-    run_windows 30 reg delete 'HKCU\Software\VB and VBA Program Settings\Quorel test' /f >/dev/null 2>&1 || true
+    forget_settings 'Quorel test'
     start_host options-192 script_host tests/outside/options.vbs "$(windows_path "$file")"
     wait_for_form frmOptions
     expect "options at 192 dpi: the dialog opens" options_tab Person
