@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "frame/guarded.h"
+
 namespace quorel::explorer {
 
 using automation::Object;
@@ -32,6 +34,10 @@ frmChooseNode::frmChooseNode(ui::Desktop& desktop)
     list_.onDoubleClick.connect([this] { OK_Click(); });
     list_.onSelectionChanged.connect(
         [this] { okButton_.setEnabled(static_cast<bool>(list_.selectedObject())); });
+    // The dialog reports in the name of the command that shows it.
+    list_.onCellError.connect([this](const automation::Error& error) {
+        frame::guarded(*this, u"frmExplorer", u"EditToolbar1_Click", [&error] { throw error; });
+    });
     onResize.connect([this] { place(); });
     setMinimumClientSize(kLeastSize);
     setClientSize(kFirstSize);
