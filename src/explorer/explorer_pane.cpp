@@ -53,6 +53,7 @@ void ExplorerPane::Create(std::u16string_view paneKey, std::u16string_view paneI
     icon = paneIcon;
     Caption = caption;
     window_ = &window;
+    box_ = &window.tabs().addPage(window.nextElement(u"Pane"));
     AddSubPane(defaultSubPane);
     defaultSubPane_ = defaultSubPane;
     active_ = false;
@@ -88,7 +89,7 @@ subPane& ExplorerPane::target(std::u16string_view caption) const {
 template <class Initialise>
 void ExplorerPane::place(subPane& page, ExplorerControl control, Twips height, Initialise&& initialise) {
     ui::Control& made = *control.Control;
-    made.setBounds({0_tw, page.CurrentHeight, page.Pane->bounds().width, height});
+    made.setBounds({0_tw, page.CurrentHeight, box_->bounds().width, height});
     try {
         std::forward<Initialise>(initialise)();
     } catch (...) {

@@ -116,6 +116,7 @@ class ExplorerPane {
     void dataChanged();
 
     ExplorerWindow* window_ = nullptr;
+    ui::Panel* box_ = nullptr;  ///< the pane's own element: never shown, as large as every page
     std::vector<std::unique_ptr<subPane>> panes_;
     std::u16string defaultSubPane_;
     bool active_ = false;

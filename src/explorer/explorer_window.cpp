@@ -7,6 +7,9 @@
 #include "frame/window_placement.h"
 #include "platform/automation/calls.h"
 #include "platform/automation/text.h"
+#include "platform/controls/combo.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/property.h"
 #include "platform/ui/access_key.h"
 
 namespace quorel::explorer {
@@ -37,6 +40,7 @@ void ExplorerWindow::build(ui::Control& tree) {
     tabs_ = &elastic_->add<controls::IndexTab>(u"vsIndexTab1");
     paneCaption_->setFont({u"Arial", kCaptionPoints, true});
     tabs_->hideTabs();
+    addTemplates();
     splitter_->onMove.connect([this](ui::Twips left) {
         split_ = withSplitter(left, elastic_->bounds().size());
         place();
@@ -54,6 +58,21 @@ void ExplorerWindow::build(ui::Control& tree) {
     setMinimumClientSize(leastExplorerSize());
     setClientSize(kFirstSize);
     tree.focus();
+}
+
+void ExplorerWindow::addTemplates() {
+    static_cast<void>(tabs_->addPage(u"Pane(0)"));
+    const std::array<ui::Control*, 6> templates{
+        &elastic_->add<controls::ListView>(u"ListView1(0)", desktop()),
+        &elastic_->add<controls::Property>(u"Property1(0)", desktop(), environment_.fileDialogs,
+                                           environment_.valuePickers),
+        &elastic_->add<controls::Combo>(u"Combo1(0)", desktop()),
+        &elastic_->add<controls::EditToolbar>(u"EditToolbar1(0)"),
+        &elastic_->add<ui::Label>(u"Label1(0)"),
+        &elastic_->add<ui::Line>(u"Separator(0)"),
+    };
+    for (ui::Control* const each : templates)
+        each->setVisible(false);
 }
 
 void ExplorerWindow::place() {

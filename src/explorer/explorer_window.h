@@ -109,6 +109,8 @@ class ExplorerWindow : public ui::Form {
     void Switch(std::size_t oldTab, std::size_t newTab);
     void Form_Load();
     void Form_Unload();
+    /// The elements 0 of the control arrays, which are never seen; panes number theirs from 1.
+    void addTemplates();
     void resizePanes();
     void place();
     void release();

@@ -74,8 +74,42 @@ TEST_F(ExplorerBuilding, ElementsAreNumberedThroughTheWindow) {
     explorer->AddSeparator(u"p", u"");
     explorer->AddSeparator(u"q", u"");
     EXPECT_EQ(pane(u"q").Pane(u"").Controls[0].Control->name(), u"Separator(2)");
-    EXPECT_EQ(page().Pane->name(), u"Pane(1)");
-    EXPECT_EQ(pane(u"q").Pane(u"").Pane->name(), u"Pane(2)");
+}
+
+TEST_F(ExplorerBuilding, EachPaneHasABoxOfItsOwnBeforeThoseOfItsSubPanes) {
+    explorer->AddSubPane(u"p", u"Other");
+    explorer->AddPane(u"q", u"", u"", u"");
+    EXPECT_EQ(page().Pane->name(), u"Pane(2)");
+    EXPECT_EQ(page(u"Other").Pane->name(), u"Pane(3)");
+    EXPECT_EQ(pane(u"q").Pane(u"").Pane->name(), u"Pane(5)");
+    for (const char16_t* const own : {u"Pane(1)", u"Pane(4)"}) {
+        const auto& box = get<ui::Panel>(own);
+        EXPECT_FALSE(box.isVisible());
+        EXPECT_EQ(box.parent(), &form().tabs());
+        EXPECT_EQ(box.bounds(), page().Pane->bounds());
+        EXPECT_TRUE(box.children().empty());
+    }
+    EXPECT_EQ(form().find(u"Pane(6)"), nullptr);
+}
+
+TEST_F(ExplorerBuilding, TheArraysBeginWithHiddenTemplates) {
+    explorer->Init();
+    explorer->PopUp(false);
+    const std::size_t shown = world.desktop.livePeers();
+    for (const char16_t* const name :
+         {u"Pane(0)", u"ListView1(0).View", u"Property1(0).View", u"Combo1(0).View", u"EditToolbar1(0)",
+          u"Label1(0)", u"Separator(0)"}) {
+        auto& element = get<ui::Control>(name);
+        EXPECT_FALSE(element.isVisible());
+        EXPECT_EQ(element.peer(), nullptr);
+    }
+    EXPECT_EQ(get<ui::Panel>(u"Pane(0)").parent(), &form().tabs());
+    explorer->AddTreeDesc(u"", u"Group", u"", u"A pane", u"", u"p");
+    world.desktop.runPosted();
+    click({u"A pane"});
+    EXPECT_EQ(world.desktop.livePeers(), shown + 1) << "the page, not the pane's own box";
+    EXPECT_EQ(get<ui::Control>(u"Pane(1)").peer(), nullptr);
+    EXPECT_NE(get<ui::Control>(u"Pane(2)").peer(), nullptr);
 }
 
 TEST_F(ExplorerBuilding, ControlsStandBelowEachOther) {
