@@ -1,6 +1,11 @@
 #include "platform/controls/tree_entry.h"
 
+#include <span>
+#include <utility>
+
 #include "platform/automation/calls.h"
+#include "platform/automation/class_table.h"
+#include "platform/automation/native_object.h"
 #include "platform/controls/cell_text.h"
 
 namespace quorel::controls {
@@ -9,9 +14,42 @@ using automation::Object;
 
 namespace {
 
-[[nodiscard]] Object targetOf(const Object& link) {
-    return link.get(u"target").toObject();
+/// The end of a link that is not the node above it.
+[[nodiscard]] Object farEndOf(EntryKind kind, const Object& link) {
+    return link.get(kind == EntryKind::LinksReaching ? u"source" : u"target").toObject();
 }
+
+/// A collection of one object, or of none for Nothing.
+class OneObject final : public automation::NativeObject {
+  public:
+    explicit OneObject(Object object) : object_(std::move(object)) {}
+    [[nodiscard]] const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table =
+            automation::ClassTable::of<OneObject>(u"OneObject").readOnly(u"Count", &OneObject::count);
+        return table;
+    }
+    [[nodiscard]] std::unique_ptr<automation::Enumerator> enumerate() override {
+        return std::make_unique<Reader>(object_);
+    }
+
+  private:
+    class Reader final : public automation::Enumerator {
+      public:
+        explicit Reader(Object object) : object_(std::move(object)) {}
+        std::size_t next(std::span<automation::Value> values) override {
+            if (!object_ || values.empty())
+                return 0;
+            values.front() = std::exchange(object_, {});
+            return 1;
+        }
+
+      private:
+        Object object_;
+    };
+    [[nodiscard]] std::int32_t count() const { return object_ ? 1 : 0; }
+
+    Object object_;
+};
 
 }  // namespace
 
@@ -30,9 +68,11 @@ Object TreeEntry::object() const {
 Object nodeOf(const TreeEntry& entry) {
     switch (entry.kind()) {
         case EntryKind::Extension:
+        case EntryKind::FarNode:
             return entry.instance;
         case EntryKind::Links:
-            return targetOf(entry.instance);
+        case EntryKind::LinksReaching:
+            return farEndOf(entry.kind(), entry.instance);
         case EntryKind::Folder:
             return nodeAbove(entry.above.get());
         case EntryKind::Plain:
@@ -48,16 +88,24 @@ Object nodeAbove(const TreeEntry* entry) {
 }
 
 std::u16string instanceText(EntryKind kind, const Object& instance) {
-    const Object named = kind == EntryKind::Links ? targetOf(instance) : instance;
+    const Object named = standsForLinks(kind) ? farEndOf(kind, instance) : instance;
     return displayText(named ? valueText(named.get(u"name")) : std::u16string());
+}
+
+std::u16string entryText(const TreeEntry& entry) {
+    return standsForInstances(entry.kind()) ? instanceText(entry.kind(), entry.instance)
+                                            : entry.description->caption;
 }
 
 Object collectionBelow(const TreeEntry* entry, const TreeDescription& description, const Object& repository) {
     const std::u16string& type = description.metatype;
     if (description.kind == EntryKind::Extension)
         return repository.get(u"MetaNodes", type).toObject().get(u"Extension").toObject();
-    if (const Object node = nodeAbove(entry))
-        return node.get(u"Outgoing_", type).toObject();
+    const Object node = nodeAbove(entry);
+    if (description.kind == EntryKind::FarNode)
+        return automation::make<OneObject>(node);
+    if (node)
+        return node.get(description.kind == EntryKind::Links ? u"Outgoing_" : u"Incoming_", type).toObject();
     return repository.get(u"MetaLinks", type).toObject().get(u"Extension").toObject();
 }
 

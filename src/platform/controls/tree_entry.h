@@ -27,7 +27,7 @@ struct TreeEntry {
     [[nodiscard]] automation::Object object() const;
 };
 
-/// The node that a pane of the entry shows: that of the entry itself, the target of its link, the node that
+/// The node that a pane of the entry shows: that of the entry itself, the far end of its link, the node that
 /// its folder belongs to; Nothing for plain entries. Throws what the repository throws.
 [[nodiscard]] automation::Object nodeOf(const TreeEntry& entry);
 
@@ -35,16 +35,23 @@ struct TreeEntry {
 /// above. Nothing where there is none.
 [[nodiscard]] automation::Object nodeAbove(const TreeEntry* entry);
 
-/// The name of a node or of a link's target, as an entry shows it. Throws what the repository throws.
+/// The name of a node or of a link's far end, as an entry shows it. Throws what the repository throws.
 [[nodiscard]] std::u16string instanceText(EntryKind kind, const automation::Object& instance);
 
+/// The text of any entry: that of its instance, else its caption. Throws what the repository throws.
+[[nodiscard]] std::u16string entryText(const TreeEntry& entry);
+
 /// What there is below an entry (none: at the top) for a description that stands for nodes or links. A meta
-/// link has its whole extension where there is no node above.
+/// link has its whole extension where there is no node above. Enumerable, with `Count`.
 [[nodiscard]] automation::Object collectionBelow(const TreeEntry* entry, const TreeDescription& description,
                                                  const automation::Object& repository);
 
+[[nodiscard]] constexpr bool standsForLinks(EntryKind kind) noexcept {
+    return kind == EntryKind::Links || kind == EntryKind::LinksReaching;
+}
+
 [[nodiscard]] constexpr bool standsForInstances(EntryKind kind) noexcept {
-    return kind == EntryKind::Extension || kind == EntryKind::Links;
+    return kind == EntryKind::Extension || kind == EntryKind::FarNode || standsForLinks(kind);
 }
 
 }  // namespace quorel::controls

@@ -13,18 +13,25 @@ constexpr std::size_t kBatch = 64;
 }
 
 TreeSearch::TreeSearch(std::shared_ptr<const TreeDescription> root, Object repository,
-                       std::u16string_view text)
+                       std::vector<Match> matches)
     : root_(std::move(root)),
       repository_(std::move(repository)),
-      text_(automation::foldCase(text)),
+      matches_(std::move(matches)),
       unopened_{nullptr} {}
+
+TreeSearch::TreeSearch(std::shared_ptr<const TreeDescription> root, Object repository,
+                       std::u16string_view text)
+    : TreeSearch(std::move(root), std::move(repository),
+                 std::vector<Match>{[folded = automation::foldCase(text)](const TreeEntry& entry) {
+                     return automation::foldCase(entryText(entry)).find(folded) != std::u16string::npos;
+                 }}) {}
 
 std::shared_ptr<const TreeEntry> TreeSearch::next() {
     for (std::size_t asked = 0; asked < kMostAtOnce; ++asked) {
         const EntryPtr entry = advance();
         if (!entry)
             return nullptr;
-        if (!entry->description->below.empty())
+        if (!entry->description->below.empty() && !entry->description->endsSearch)
             unopened_.push_back(entry);
         if (matches(*entry))
             return entry;
@@ -34,10 +41,7 @@ std::shared_ptr<const TreeEntry> TreeSearch::next() {
 
 bool TreeSearch::matches(const TreeEntry& entry) const {
     try {
-        const std::u16string text = standsForInstances(entry.kind())
-                                        ? instanceText(entry.kind(), entry.instance)
-                                        : entry.description->caption;
-        return automation::foldCase(text).find(text_) != std::u16string::npos;
+        return matches_[match_](entry);
     } catch (...) {
         return false;
     }
@@ -62,8 +66,11 @@ TreeSearch::EntryPtr TreeSearch::advance() {
 bool TreeSearch::open() {
     while (description_ >= below_.size()) {
         if (unopened_.empty()) {
-            ended_ = true;
-            return false;
+            if (++match_ >= matches_.size()) {
+                ended_ = true;
+                return false;
+            }
+            unopened_.push_back(nullptr);
         }
         above_ = std::move(unopened_.front());
         unopened_.pop_front();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,18 +13,25 @@
 
 namespace quorel::controls {
 
-/// Looks for a text in all entries that descriptions stand for, level by level, and lists none. What cannot
-/// be read is passed over.
+/// Looks for entries among all that descriptions stand for, level by level, and lists none. What cannot be
+/// read is passed over.
 class TreeSearch {
   public:
     /// One call of `next` asks no more entries than this for their texts.
     static constexpr std::size_t kMostAtOnce = 200'000;
 
+    /// Whether an entry is one that is looked for. May throw what the repository throws.
+    using Match = std::function<bool(const TreeEntry&)>;
+
+    /// What the first one matches comes first, then from the top again what the second one does.
+    TreeSearch(std::shared_ptr<const TreeDescription> root, automation::Object repository,
+               std::vector<Match> matches);
+    /// For the entries whose text contains this one, whatever the case of its letters.
     TreeSearch(std::shared_ptr<const TreeDescription> root, automation::Object repository,
                std::u16string_view text);
 
-    /// The next entry whose text contains the one looked for, whatever the case of its letters. Null when it
-    /// was not found: by then in all entries if `hasEnded`, else another call goes on.
+    /// The next entry that is looked for. Null when it was not found: by then in all entries if `hasEnded`,
+    /// else another call goes on.
     [[nodiscard]] std::shared_ptr<const TreeEntry> next();
     [[nodiscard]] bool hasEnded() const noexcept { return ended_; }
 
@@ -40,7 +48,8 @@ class TreeSearch {
 
     std::shared_ptr<const TreeDescription> root_;
     automation::Object repository_;
-    std::u16string text_;            // folded
+    std::vector<Match> matches_;
+    std::size_t match_ = 0;
     std::deque<EntryPtr> unopened_;  ///< null stands for the top
     EntryPtr above_;
     std::vector<std::shared_ptr<TreeDescription>> below_;  ///< of the entry above, from `description_` on

@@ -67,15 +67,25 @@ std::shared_ptr<TreeDescription> TreeView::AddChildDesc(TreeDescription& parent,
                                                         std::u16string_view metatype,
                                                         std::u16string_view caption, std::u16string_view icon,
                                                         std::u16string_view paneId) {
-    auto made = std::make_shared<TreeDescription>();
-    made->key = u"Entry:" + automation::decimal(static_cast<std::int64_t>(++descriptions_));
-    made->typ = typ;
-    made->metatype = metatype;
-    made->caption = caption;
-    made->icon = icon;
-    made->paneId = paneId;
-    made->kind = entryKindOf(typ);
+    TreeDescription content;
+    content.typ = typ;
+    content.metatype = metatype;
+    content.caption = caption;
+    content.icon = icon;
+    content.paneId = paneId;
+    content.kind = entryKindOf(typ);
+    const auto made = makeDescription(std::move(content));
     parent.below.push_back(made);
+    describedMore();
+    return made;
+}
+
+std::shared_ptr<TreeDescription> TreeView::makeDescription(TreeDescription content) {
+    content.key = u"Entry:" + automation::decimal(static_cast<std::int64_t>(++descriptions_));
+    return std::make_shared<TreeDescription>(std::move(content));
+}
+
+void TreeView::describedMore() {
     // Many descriptions come one after the other; they are shown together.
     if (populated_ && !std::exchange(refreshPosted_, true)) {
         desktop_.post([this, life = std::weak_ptr(alive_)] {
@@ -86,7 +96,26 @@ std::shared_ptr<TreeDescription> TreeView::AddChildDesc(TreeDescription& parent,
                 refresh();
         });
     }
-    return made;
+}
+
+std::u16string TreeView::askText(const TreeEntry& entry) {
+    return entryText(entry);
+}
+
+std::u16string TreeView::askIdentifier(const TreeEntry& entry) {
+    return entry.instance.get(u"Identifier").toString();
+}
+
+std::shared_ptr<const TreeDescription> TreeView::askDescription(const TreeEntry& entry) {
+    return entry.description;
+}
+
+std::vector<TreeSearch::Match> TreeView::matchesFor(const std::u16string& folded) {
+    return {[this, folded](const TreeEntry& entry) {
+        const std::u16string own =
+            standsForInstances(entry.kind()) ? askText(entry) : entry.description->caption;
+        return automation::foldCase(own).find(folded) != std::u16string::npos;
+    }};
 }
 
 void TreeView::release() {

@@ -46,7 +46,7 @@ class TreeView : public ui::Panel {
     TreeView(std::u16string_view name, ui::Desktop& desktop);
 
     /// Begins anew: no descriptions, no entries, no repository.
-    void initialise();
+    virtual void initialise();
     /// A tree that is filled already is filled anew.
     void setRepository(automation::Object repository);
     [[nodiscard]] const automation::Object& repository() const noexcept { return repository_; }
@@ -79,6 +79,21 @@ class TreeView : public ui::Panel {
 
     [[nodiscard]] ui::Tree& tree() noexcept { return *tree_; }
     [[nodiscard]] ui::TextBox& findBox() noexcept { return *findBox_; }
+
+  protected:
+    /// A new description with a key, for one to put below another and say so.
+    [[nodiscard]] std::shared_ptr<TreeDescription> makeDescription(TreeDescription content);
+    /// A tree that is filled already shows what was described a moment later.
+    void describedMore();
+
+    // What it asks about entries that stand for instances. Each throws what the repository throws.
+    // --------------------------------------------------------------------
+    [[nodiscard]] virtual std::u16string askText(const TreeEntry& entry);
+    [[nodiscard]] virtual std::u16string askIdentifier(const TreeEntry& entry);
+    /// Whose entry an instance becomes that was found by the description of `entry`.
+    [[nodiscard]] virtual std::shared_ptr<const TreeDescription> askDescription(const TreeEntry& entry);
+    /// Which entries the user looks for by that text, folded.
+    [[nodiscard]] virtual std::vector<TreeSearch::Match> matchesFor(const std::u16string& folded);
 
   private:
     /// What is below one entry by one description.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/automation/text.h"
 #include "platform/controls/tree_view.h"
 #include "platform/ui/plain_controls.h"
 
@@ -24,7 +25,7 @@ bool TreeView::find(const std::u16string& text) {
     const auto alive = keepFormAlive();
     const ui::WaitPointer wait(desktop_);
     if (!search_ || searched_ != text) {
-        search_ = std::make_shared<TreeSearch>(root_, repository_, text);
+        search_ = std::make_shared<TreeSearch>(root_, repository_, matchesFor(automation::foldCase(text)));
         searched_ = text;
     }
     const std::shared_ptr<TreeSearch> search = search_;
@@ -199,11 +200,11 @@ TreeItemId TreeView::itemFor(TreeItemId parent, const TreeEntry& former) {
     // Another object may stand for the same node now.
     const std::uint64_t generation = generation_;
     try {
-        const std::u16string identifier = former.instance.get(u"Identifier").toString();
+        const std::u16string identifier = askIdentifier(former);
         for (const TreeItemId child : candidates) {
             if (generation != generation_)
                 break;
-            if (Object(entryAt(child)->instance).get(u"Identifier").toString() == identifier)
+            if (askIdentifier(*entryAt(child)) == identifier)
                 return child;
         }
         return generation == generation_ ? stillThere(parent, former, identifier) : TreeItemId::None;

@@ -141,6 +141,9 @@ bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) 
         ++sourceAt(item, index).listed;
         return true;
     }
+    entry->description = askDescription(*entry);
+    if (generation != generation_)
+        return false;
     std::u16string text = textOf(*entry);
     if (generation != generation_)
         return false;
@@ -155,7 +158,7 @@ bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) 
 std::u16string TreeView::textOf(const TreeEntry& entry) {
     const std::uint64_t generation = generation_;
     try {
-        return instanceText(entry.kind(), entry.instance);
+        return askText(entry);
     } catch (...) {
         if (generation == generation_)
             noteFailure();
