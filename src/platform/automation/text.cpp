@@ -105,6 +105,17 @@ char16_t foldUnit(char16_t unit) noexcept {
     return unit;
 }
 
+char16_t capitalOf(char16_t unit) noexcept {
+    if (unit < 0x80)
+        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+    for (const CaseRange& range : kCaseRanges) {
+        const std::int32_t capital = unit - range.distance;
+        if (capital >= range.first && capital <= range.last && (capital - range.first) % range.stride == 0)
+            return static_cast<char16_t>(capital);
+    }
+    return unit;
+}
+
 }  // namespace
 
 std::string toUtf8(std::u16string_view text) {
@@ -144,6 +155,11 @@ std::u16string foldCase(std::u16string_view text) {
     for (char16_t& unit : folded)
         unit = foldUnit(unit);
     return folded;
+}
+
+void makeUpperCase(std::u16string& text) noexcept {
+    for (char16_t& unit : text)
+        unit = capitalOf(unit);
 }
 
 std::size_t FoldedHash::operator()(std::u16string_view name) const noexcept {

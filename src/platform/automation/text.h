@@ -20,6 +20,10 @@ namespace quorel::automation {
 /// `text` with its letters folded as `equalsIgnoringCase` compares them; equal results mean equal names.
 [[nodiscard]] std::u16string foldCase(std::u16string_view text);
 
+/// `text` with every small letter that `foldCase` makes of a capital turned into that capital: as long as it
+/// was, the same in every locale. Letters whose capital is no single unit stay.
+void makeUpperCase(std::u16string& text) noexcept;
+
 /// For hash tables whose keys are names: looked up by any spelling, without making a string.
 struct FoldedHash {
     using is_transparent = void;

@@ -33,6 +33,22 @@ TEST(Text, NamesIgnoreTheCaseOfLetters) {
     EXPECT_EQ(foldCase(u"\u0139\u013A\u0150Z["), u"\u013A\u013A\u0151z[");
 }
 
+TEST(Text, UpperCaseIsTheWayBackOfFolding) {
+    std::u16string text = u"abz{\u00E4\u00F7\u00FF\u0430\u03C9\u00DFAZ";
+    makeUpperCase(text);
+    EXPECT_EQ(text, u"ABZ{\u00C4\u00F7\u0178\u0410\u03A9\u00DFAZ");
+    for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+        const std::u16string given(1, static_cast<char16_t>(unit));
+        std::u16string upper = given;
+        makeUpperCase(upper);
+        ASSERT_EQ(foldCase(upper), foldCase(given)) << unit;
+        ASSERT_TRUE(upper[0] >= 0x80 || unit < 0x80) << unit;
+        std::u16string again = upper;
+        makeUpperCase(again);
+        ASSERT_EQ(again, upper) << unit;
+    }
+}
+
 TEST(Text, FoldedHashAgreesWithEquality) {
     const FoldedHash hash;
     EXPECT_EQ(hash(u"Extension"), hash(u"EXTENSION"));
