@@ -128,6 +128,11 @@ void ExplorerPane::AddListView(std::u16string_view view, std::u16string_view met
 }
 
 void ExplorerPane::AddProperty(std::u16string_view metatype, std::u16string_view subPaneCaption) {
+    addPropertyOf(u"MetaNodes", metatype, subPaneCaption);
+}
+
+void ExplorerPane::addPropertyOf(std::u16string_view collection, std::u16string_view metatype,
+                                 std::u16string_view subPaneCaption) {
     subPane& page = target(subPaneCaption);
     const frame::Environment& world = window_->environment();
     auto& property = page.Pane->add<controls::Property>(window_->nextElement(u"Property1"), world.desktop,
@@ -137,7 +142,7 @@ void ExplorerPane::AddProperty(std::u16string_view metatype, std::u16string_view
     place(page, control, 0_tw, [&] {
         property.initialise();
         property.setPath(window_->Path);
-        property.setMetaObject(Object(window_->Repository()).get(u"MetaNodes", control.metatype).toObject());
+        property.setMetaObject(Object(window_->Repository()).get(collection, control.metatype).toObject());
         property.build();
         const ui::Rect bounds = property.bounds();
         property.setBounds({bounds.left, bounds.top, bounds.width, property.neededHeight()});
@@ -222,6 +227,7 @@ void ExplorerPane::fillAll(const TreeEntry& entry) {
         }
         enableCommands(page);
     }
+    filled();
 }
 
 void ExplorerPane::fill(const ExplorerControl& control, const TreeEntry& entry) {

@@ -85,6 +85,11 @@ class ExplorerPane {
     [[nodiscard]] ExplorerWindow& window() const noexcept { return *window_; }
     /// Shows the data of the entry in one control.
     virtual void fill(const ExplorerControl& control, const controls::TreeEntry& entry);
+    /// Comes when all of them show it.
+    virtual void filled() {}
+    /// Adds the properties of what that entry of the repository's collection is the type of.
+    void addPropertyOf(std::u16string_view collection, std::u16string_view metatype,
+                       std::u16string_view subPaneCaption);
     void fillLinks(const ExplorerControl& control, const automation::Object& node);
 
   private:

@@ -68,7 +68,7 @@ class ExplorerWindow : public ui::Form {
     /// The name of the next element of a control array, such as "Label1(3)".
     [[nodiscard]] std::u16string nextElement(std::u16string_view array);
     /// The caption and the large picture of that key, or none.
-    void showCaption(std::u16string_view icon, std::u16string_view caption);
+    virtual void showCaption(std::u16string_view icon, std::u16string_view caption);
     /// Counts how often everything was let go of: who was at it then has to stop.
     [[nodiscard]] std::uint64_t releases() const noexcept { return releases_; }
     /// The next identifier of the window's generator.
@@ -103,6 +103,8 @@ class ExplorerWindow : public ui::Form {
     virtual void addTreePicture(std::u16string_view icon, const std::vector<ui::Picture>& frames) = 0;
     /// For what the tree raises: shows the entry's pane and its first tab.
     void nodeClick(const Entry& entry);
+    /// Lays every pane out to its present size.
+    void resizePanes();
     void keepPicture(std::u16string_view icon, std::vector<ui::Picture> frames);
 
   private:
@@ -111,7 +113,6 @@ class ExplorerWindow : public ui::Form {
     void Form_Unload();
     /// The elements 0 of the control arrays, which are never seen; panes number theirs from 1.
     void addTemplates();
-    void resizePanes();
     void place();
     void release();
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/automation/class_registry.h"
 #include "platform/shell/clock.h"
 #include "platform/shell/file_dialogs.h"
@@ -20,6 +22,8 @@ struct Environment {
     shell::FileDialogs* fileDialogs = nullptr;
     /// Null where values can only be typed.
     shell::ValuePickers* valuePickers = nullptr;
+    /// Where the library lies with its picture files, without a separator at its end.
+    std::u16string libraryFolder{};
 };
 
 }  // namespace quorel::frame

@@ -5,6 +5,7 @@
 #include "dialogs/progress_bar.h"
 #include "dialogs/property_editor.h"
 #include "explorer/explorer.h"
+#include "explorer/ht_explorer.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
 #include "platform/controls/file_selection.h"
@@ -34,6 +35,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<matrix::MatrixBrowser>(environment)); });
     environment.classes.add(u"QuorelUtility.Explorer",
                             [environment] { return Object(make<explorer::Explorer>(environment)); });
+    environment.classes.add(u"QuorelUtility.HTExplorer",
+                            [environment] { return Object(make<explorer::HTExplorer>(environment)); });
     environment.classes.add(u"QuorelUtility.Settings",
                             [environment] { return Object(make<settings::Settings>(environment.settings)); });
     environment.classes.add(u"QuorelUtility.SettingEntry",

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+
+#include "explorer/explorer_pane.h"
+
+namespace quorel::explorer {
+
+/// A pane of an explorer that follows the metamodel. Its properties are those of the very object that an
+/// entry stands for, a link's too; its lists of links show what is at both ends. Nothing else on it is
+/// filled.
+class HTExplorerPane final : public ExplorerPane {
+  public:
+    /// The properties of links of that meta link.
+    void AddLinkProperty(std::u16string_view metaLink, std::u16string_view subPaneCaption) {
+        addPropertyOf(u"MetaLinks", metaLink, subPaneCaption);
+    }
+    /// Gives its sub panes the room inside the tabs first.
+    void Resize() override;
+
+  protected:
+    void fill(const ExplorerControl& control, const controls::TreeEntry& entry) override;
+    void filled() override { Resize(); }
+
+  private:
+    void fillLinkList(const ExplorerControl& control, const controls::TreeEntry& entry);
+};
+
+}  // namespace quorel::explorer
