@@ -57,6 +57,20 @@ options_first() {
     expect "options: Cancel takes a click" click_on frmOptions cmdCancel
 }
 
+# The dialog has the keyboard in its box for the name.
+options_file() {
+    printf 'notes\n' >"$WINEPREFIX/drive_c/notes.txt"
+    expect "options: a file is browsed for" click_on frmOptions 'FileSelector(2).Browse'
+    expect "options: in the system's dialog, too" spy '#32770' wait 1
+    expect "options: it lists the files of the setting's type" box_says 'Textfile (*.txt)'
+    picture_of options-file
+    xdotool type --delay 40 'C:\notes.txt'
+    xdotool key Return
+    expect "options: Enter closes it" spy '#32770' gone 1
+    expect "options: the box holds the file" option_shows 'FileSelector(2)' 'C:\notes.txt'
+    picture_of options-chosen
+}
+
 options_second() {
     wait_for_form frmOptions
     expect "options: Cancel kept what Apply stored" host_says 'first stored User=Berta'
@@ -71,6 +85,7 @@ options_second() {
     picture_of options-folder
     xdotool key Escape
     expect "options: which Esc closes" spy '#32770' gone 1
+    options_file
     expect "options: OK takes a click" click_on frmOptions cmdOK
     expect "options: and asks about the missing file" box_says 'There is no file C:\no\such.exe'
     picture_of options-question
@@ -80,6 +95,7 @@ options_second() {
     expect "options: the registry has the file" registry_says Editor 'C:\no\such.exe'
     expect "options: the host reads the file" host_says 'second stored Editor=C:\no\such.exe'
     expect "options: the repository has the file" host_says 'second node Editor=C:\no\such.exe'
+    expect "options: and the one that was browsed for" host_says 'second node Notes=C:\notes.txt'
     expect "options: what is shown only stays" host_says 'second node Version=1.0'
     expect "options: what has no tab stays" host_says 'second stored Secret=hidden'
 }
