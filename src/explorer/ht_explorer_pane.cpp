@@ -30,14 +30,18 @@ void HTExplorerPane::fill(const ExplorerControl& control, const TreeEntry& entry
 /// A list of links of which there are none at all is not seen.
 void HTExplorerPane::fillLinkList(const ExplorerControl& control, const TreeEntry& entry) {
     const std::uint64_t releases = window().releases();
+    const auto isReleased = [&] { return releases != window().releases(); };
     const bool reaches = control.view == u"Link-Source";
     auto& list = control.as<controls::ListView>();
+    const Object repository = window().Repository();
     const Object node = HierarchyTreeView::linkEnd(entry, reaches ? LinkEnd::Target : LinkEnd::Source);
     list.clearRows();
-    const Object metaLink = Object(window().Repository()).get(u"MetaLinks", control.metatype).toObject();
+    const Object metaLink = repository.get(u"MetaLinks", control.metatype).toObject();
+    if (isReleased())
+        return;
     list.SetList_Outgoing(node, metaLink, !reaches);
     const bool hasInstances = metaLink.get(u"Extension").toObject().get(u"Count").toInteger() > 0;
-    if (releases == window().releases())
+    if (!isReleased())
         list.setVisible(hasInstances);
 }
 
