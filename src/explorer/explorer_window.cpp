@@ -21,7 +21,6 @@ namespace {
 
 constexpr ui::Size kFirstSize{13500_tw, 9000_tw};
 constexpr std::u16string_view kNamespace = u"Explorer";
-constexpr std::int32_t kScreenResolution = 96;
 constexpr std::int32_t kCaptionPoints = 16;
 
 }  // namespace
@@ -196,10 +195,7 @@ std::u16string ExplorerWindow::nextElement(std::u16string_view array) {
 }
 
 void ExplorerWindow::showCaption(std::u16string_view icon, std::u16string_view caption) {
-    std::shared_ptr<const ui::Picture> picture;
-    if (const auto place = bigImages_->placeOf(icon))
-        picture = std::make_shared<const ui::Picture>(bigImages_->at(*place, kScreenResolution));
-    captionBox_->setPicture(std::move(picture));
+    captionBox_->setImage(bigImages_, icon);
     paneCaption_->setText(ui::escapedForCaption(caption));
 }
 

@@ -260,9 +260,9 @@ TEST_F(ExplorerLifecycle, ThePictureOfAPaneIsShownBesideItsCaption) {
     open();
     explorer->AddPicture(u"face", u"small.ico", u"");
     clickAnna();
-    const auto& picture = get<ui::PictureBox>(u"CaptionBox").picture();
-    ASSERT_NE(picture, nullptr);
-    EXPECT_EQ(picture->width, 32);
+    const auto& box = get<ui::PictureBox>(u"CaptionBox");
+    EXPECT_EQ(box.pictureAt(96).width, 32);
+    EXPECT_EQ(box.pictureAt(192).width, 64) << "it grows with the resolution";
 }
 
 }  // namespace

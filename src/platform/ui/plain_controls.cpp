@@ -101,13 +101,34 @@ void Button::userClicked() {
     onClick.raise();
 }
 
+PictureBox::PictureBox(std::u16string_view name)
+    : Control(name), images_([this] { changed(Change::Items); }) {
+    setTabStop(false);
+}
+
 void PictureBox::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }
 
 void PictureBox::setPicture(std::shared_ptr<const Picture> picture) {
     picture_ = std::move(picture);
+    images_.set(nullptr);
     changed(Change::Items);
+}
+
+void PictureBox::setImage(std::shared_ptr<ImageList> images, std::u16string_view key) {
+    picture_.reset();
+    images_.set(std::move(images));
+    key_ = key;
+    changed(Change::Items);
+}
+
+Picture PictureBox::pictureAt(std::int32_t dpi) const {
+    if (picture_)
+        return *picture_;
+    const ImageList* const images = images_.list().get();
+    const auto place = images != nullptr ? images->placeOf(key_) : std::nullopt;
+    return place ? images->at(*place, dpi) : Picture();
 }
 
 void PictureBox::userClicked() {

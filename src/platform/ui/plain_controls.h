@@ -11,6 +11,7 @@
 #include "platform/ui/control.h"
 #include "platform/ui/font.h"
 #include "platform/ui/glyph.h"
+#include "platform/ui/image_list.h"
 #include "platform/ui/picture.h"
 
 namespace quorel::ui {
@@ -82,14 +83,20 @@ class Button : public Control {
     std::shared_ptr<const Glyph> glyph_;
 };
 
-/// Shows a picture in its natural size, or just its background.
+/// Shows a picture in its natural size, one of an image list, or just its background.
 class PictureBox : public Control {
   public:
-    explicit PictureBox(std::u16string_view name) : Control(name) { setTabStop(false); }
+    explicit PictureBox(std::u16string_view name);
     void accept(ControlVisitor& visitor) override;
 
     [[nodiscard]] const std::shared_ptr<const Picture>& picture() const noexcept { return picture_; }
+    /// Takes the place of one of an image list.
     void setPicture(std::shared_ptr<const Picture> picture);
+    /// The picture of that key, in the list's size at every resolution; none while there is no such key.
+    /// Takes the place of a picture.
+    void setImage(std::shared_ptr<ImageList> images, std::u16string_view key);
+    /// What is shown at that resolution; empty for nothing.
+    [[nodiscard]] Picture pictureAt(std::int32_t dpi) const;
 
     Event<> onClick;
 
@@ -97,6 +104,8 @@ class PictureBox : public Control {
 
   private:
     std::shared_ptr<const Picture> picture_;
+    ImageUse images_;
+    std::u16string key_;
 };
 
 /// A bar of panels; the last one takes the room that is left. Placed by its owner like any control.

@@ -66,4 +66,25 @@ TEST(ButtonPicture, IsMadeForTheResolutionAndFitsTheButton) {
     EXPECT_EQ(button.picture(), nullptr);
 }
 
+TEST(PictureBoxImage, IsAsLargeAsTheListSaysAtEveryResolution) {
+    headless::HeadlessDesktop desktop;
+    const auto form = std::make_shared<Form>(desktop, u"frmPictures");
+    auto& box = form->add<PictureBox>(u"CaptionBox");
+    const auto images = std::make_shared<ImageList>(ImageList::kBig);
+    box.setImage(images, u"face");
+    EXPECT_FALSE(isWhole(box.pictureAt(96))) << "not there yet";
+    Picture large{64, 64, {}}, small{32, 32, {}};
+    large.rgba.assign(64 * 64 * 4, 1);
+    small.rgba.assign(32 * 32 * 4, 2);
+    images->set(u"face", {small, large});
+    EXPECT_EQ(box.pictureAt(96).rgba, small.rgba);
+    EXPECT_EQ(box.pictureAt(144).width, 48);
+    EXPECT_EQ(box.pictureAt(192).rgba, large.rgba) << "the frame that fits is taken as it is";
+    box.setPicture(std::make_shared<const Picture>(twoPixels()));
+    EXPECT_EQ(box.pictureAt(192).width, 2) << "a picture alone has its own size";
+    box.setImage(images, u"Face");
+    EXPECT_FALSE(isWhole(box.pictureAt(96))) << "case counts";
+    EXPECT_EQ(box.picture(), nullptr);
+}
+
 }  // namespace quorel::ui

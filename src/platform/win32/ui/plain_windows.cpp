@@ -82,11 +82,20 @@ NativeWindow::Description PictureWindow::describe() {
 
 void PictureWindow::mirror(ui::Change changes) {
     NativeWindow::mirror(changes);
-    if (!has(changes, ui::Change::Items))
-        return;
-    const ui::Picture* const picture = box().picture().get();
-    bitmap_ = picture != nullptr ? makeBitmap(*picture) : CountedBitmap();
-    size_ = bitmap_ ? SIZE{picture->width, picture->height} : SIZE{};
+    if (has(changes, ui::Change::Items))
+        mirrorPicture();
+}
+
+void PictureWindow::rescaled() {
+    NativeWindow::rescaled();
+    if (control() != nullptr)
+        mirrorPicture();
+}
+
+void PictureWindow::mirrorPicture() {
+    const ui::Picture picture = box().pictureAt(dpi());
+    bitmap_ = ui::isWhole(picture) ? makeBitmap(picture) : CountedBitmap();
+    size_ = bitmap_ ? SIZE{picture.width, picture.height} : SIZE{};
     ::InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -99,6 +108,12 @@ LRESULT PictureWindow::serve(UINT message, WPARAM w, LPARAM l) {
         case WM_PAINT:
             paint();
             return 0;
+        case WM_PRINTCLIENT: {
+            RECT client{};
+            ::GetClientRect(handle(), &client);
+            paintOn(reinterpret_cast<HDC>(w), client);
+            return 0;
+        }
         case WM_LBUTTONDOWN:
             pressed_ = true;
             if (control()->isTabStop())

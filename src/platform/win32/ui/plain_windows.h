@@ -46,10 +46,12 @@ class LineWindow : public NativeWindow {
 class PictureWindow : public NativeWindow {
   public:
     PictureWindow(std::shared_ptr<Frame> frame, ui::PictureBox& box) : NativeWindow(std::move(frame), box) {}
+    void rescaled() override;
 
   private:
     [[nodiscard]] Description describe() override;
     void mirror(ui::Change changes) override;
+    void mirrorPicture();
     LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     void paint() const;
     void paintOn(HDC dc, const RECT& client) const;
