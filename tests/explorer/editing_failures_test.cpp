@@ -41,6 +41,12 @@ struct EditingRun : ExplorerTest {
         noteDialog = look;
         scenario.expectDialog(*this);
     }
+    /// The window is painted.
+    void look() {
+        static_cast<void>(world.user.look(tree()));
+        if (!scenario.list.empty() && list(scenario.list).list().isShown())
+            static_cast<void>(firstColumn(scenario.list));
+    }
     void readAnew() {
         form().TreeView1().refresh();
         expandIfClosed({u"Everybody"});
@@ -211,6 +217,7 @@ CleanRun runClean(const Scenario& scenario) {
     run.model.script->restart();
     run.expectDialogIfAny([&] { clean.callsBeforeDialog = run.model.script->log.size(); });
     scenario.act(run);
+    run.look();
     run.world.desktop.verify();
     EXPECT_EQ(run.errorBoxes(), 0U) << scenario.name;
     clean.calls = run.model.script->log;
@@ -238,7 +245,8 @@ void expectLabel(const EditingRun& run, const std::string& place) {
     if (label == u"frmExplorer/" + std::u16string(run.scenario.label))
         return;
     // What the command shows and what follows it report under their own.
-    static constexpr std::u16string_view kOthers[]{u"frmExplorer/TreeView1_Expand", u"MatrixBrowser/Ok_Click",
+    static constexpr std::u16string_view kOthers[]{u"frmExplorer/TreeView1_Expand",
+                                                   u"frmExplorer/ActivatePane", u"MatrixBrowser/Ok_Click",
                                                    u"NodeEdit/Property1"};
     EXPECT_NE(std::find(std::begin(kOthers), std::end(kOthers), label), std::end(kOthers))
         << place << " reported as " << automation::toUtf8(label);
@@ -255,6 +263,7 @@ void failOnce(const Scenario& scenario, const CleanRun& clean, std::size_t faili
     if (failing > clean.callsBeforeDialog)
         run.expectDialogIfAny([] {});
     scenario.act(run);
+    run.look();
     EXPECT_NO_THROW(run.world.desktop.verify()) << place;
     EXPECT_TRUE(run.model.script->hasFailed()) << place;
     EXPECT_EQ(run.errorBoxes(), isQuiet ? 0U : 1U) << place;

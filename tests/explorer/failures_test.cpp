@@ -15,6 +15,10 @@ TEST_F(ExplorerFailures, EveryProcedureReportsUnderItsLabel) {
     EXPECT_EQ(placeOfFailure(u"Person.Extension", [this] { expand({u"Everybody"}); }),
               u"frmExplorer/TreeView1_Expand");
     expand({u"Everybody"});
+    EXPECT_EQ(placeOfFailure(u"id1.name", [this] { static_cast<void>(world.user.look(tree())); }),
+              u"frmExplorer/TreeView1_Expand")
+        << "a name that cannot be read when it is seen";
+    form().TreeView1().refresh();
     for (const char16_t* call : {u"id1.Outgoing_", u"id1.Outgoing_.Count", u"id1.Outgoing_.Item",
                                  u"id5.target", u"repository.MetaLinks", u"WorksFor.name", u"id1.Incoming_"})
         EXPECT_EQ(placeOfFailure(call,
@@ -123,6 +127,7 @@ class FailureSweep {
               Path{u"Everybody", u"Anna", u"Jobs"}, Path{u"Everybody", u"Anna", u"Jobs", u"Acme"},
               Path{u"Companies"}, Path{u"Everybody", u"Ben"}, Path{u"Information"}}) {
             click(tree, path);
+            static_cast<void>(world_.user.look(tree));
             lookAtAll(form);
         }
         form.TreeView1().refresh();
@@ -248,7 +253,18 @@ TEST_F(DestroyInside, EveryCallOfAnExpansion) {
 }
 
 TEST_F(DestroyInside, EveryCallOfAnActivation) {
-    everyCallOf([this] { expand({u"Everybody"}); }, [this] { click({u"Everybody", u"Anna"}); });
+    everyCallOf(
+        [this] {
+            expand({u"Everybody"});
+            static_cast<void>(world.user.look(tree()));
+        },
+        [this] {
+            click({u"Everybody", u"Anna"});
+        });
+}
+
+TEST_F(DestroyInside, EveryCallOfLookingAtTheTree) {
+    everyCallOf([this] { expand({u"Everybody"}); }, [this] { static_cast<void>(world.user.look(tree())); });
 }
 
 TEST_F(DestroyInside, EveryCallOfLeavingAChangedPane) {

@@ -34,6 +34,10 @@ TreeView::TreeView(std::u16string_view name, ui::Desktop& desktop)
       tree_(&add<ui::Tree>(name)) {
     findBox_->setCueText(u"Find");
     foundLabel_->setVisible(false);
+    tree_->setTextSource([this](TreeItemId item) {
+        const std::shared_ptr<TreeEntry> entry = entryAt(item);
+        return entry ? textOf(*entry) : std::u16string();
+    });
     tree_->onSelect.connect([this](TreeItemId item) { selected(item); });
     tree_->onExpand.connect([this](TreeItemId item) { expanded(item); });
     tree_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInTree(event); });
@@ -127,6 +131,7 @@ void TreeView::release() {
 void TreeView::drop() {
     ++generation_;
     populated_ = false;
+    textFailureReported_ = false;
     search_.reset();
     failure_.reset();
     tree_->removeChildren(TreeItemId::Root);

@@ -27,7 +27,7 @@ namespace quorel::controls {
 
 /// A tree of repository objects that follows descriptions. What is below an entry is read when the user opens
 /// it, a hundred at a time: an entry "100 more of 21,828" stands for the rest and lists the next ones when it
-/// is selected. An object is asked for its name when its entry is listed, and for nothing else.
+/// is selected. An object is asked for its name when its entry is seen, and for nothing else.
 ///
 /// A text in the box above the tree is looked for by Enter in all entries, listed or not, those nearer to the
 /// top first; Enter again, and F3 in the tree, go on to the next one. The pages up to it are listed; one that
@@ -142,10 +142,10 @@ class TreeView : public ui::Panel {
     [[nodiscard]] static std::u16string moreText(const Source& source);
     void countMore(ui::TreeItemId more);
     [[nodiscard]] std::u16string textOf(const TreeEntry& entry);
-    void addEntry(ui::TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,
-                  ui::TreeItemId before);
+    void addEntry(ui::TreeItemId parent, std::shared_ptr<TreeEntry> entry, ui::TreeItemId before);
     void listMoreAt(ui::TreeItemId more);
     void noteFailure();
+    void textFailed(const automation::Error& error);
     void reportFailure();
 
     // Finding.
@@ -178,6 +178,7 @@ class TreeView : public ui::Panel {
     std::u16string searched_;
     bool populated_ = false;
     bool refreshPosted_ = false;
+    bool textFailureReported_ = false;  ///< since everything was read anew
     std::uint64_t generation_ = 0;  ///< counts replacements of all entries
     std::optional<automation::Error> failure_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

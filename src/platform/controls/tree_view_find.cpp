@@ -102,17 +102,13 @@ TreeItemId TreeView::childFor(TreeItemId parent, const TreeEntry& entry) {
 
 TreeItemId TreeView::revealAlone(TreeItemId parent, std::size_t index, Object instance,
                                  std::size_t position) {
-    const std::uint64_t generation = generation_;
     auto entry = std::make_shared<TreeEntry>(
         TreeEntry{sourceAt(parent, index).description, std::move(instance), entryAt(parent)});
     entry->position = position;
-    std::u16string text = textOf(*entry);
-    if (generation != generation_)
-        return TreeItemId::None;
     Source& source = sourceAt(parent, index);
     source.revealed.push_back(entry->instance);
     const TreeItemId before = source.more;
-    addEntry(parent, entry, std::move(text), before);
+    addEntry(parent, entry, before);
     return entry->item;
 }
 

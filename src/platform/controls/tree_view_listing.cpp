@@ -89,8 +89,7 @@ bool TreeView::listSource(TreeItemId item, std::size_t index) {
     const std::shared_ptr<const TreeDescription> description = sourceAt(item, index).description;
     const std::shared_ptr<TreeEntry> above = entryAt(item);
     if (!standsForInstances(description->kind)) {
-        addEntry(item, std::make_shared<TreeEntry>(TreeEntry{description, {}, above}), description->caption,
-                 TreeItemId::None);
+        addEntry(item, std::make_shared<TreeEntry>(TreeEntry{description, {}, above}), TreeItemId::None);
         return true;
     }
     Object collection = collectionBelow(above.get(), *description, Object(repository_));
@@ -144,13 +143,10 @@ bool TreeView::addInstance(TreeItemId item, std::size_t index, Object instance) 
     entry->description = askDescription(*entry);
     if (generation != generation_)
         return false;
-    std::u16string text = textOf(*entry);
-    if (generation != generation_)
-        return false;
     Source& source = sourceAt(item, index);
     entry->position = source.listed++;
     const TreeItemId before = source.more;
-    addEntry(item, std::move(entry), std::move(text), before);
+    addEntry(item, std::move(entry), before);
     return true;
 }
 
@@ -160,17 +156,22 @@ std::u16string TreeView::textOf(const TreeEntry& entry) {
     try {
         return askText(entry);
     } catch (...) {
+        const automation::Error error = automation::currentError();
         if (generation == generation_)
-            noteFailure();
+            textFailed(error);
         return std::u16string(kUnreadableMark);
     }
 }
 
-void TreeView::addEntry(TreeItemId parent, std::shared_ptr<TreeEntry> entry, std::u16string text,
-                        TreeItemId before) {
+void TreeView::addEntry(TreeItemId parent, std::shared_ptr<TreeEntry> entry, TreeItemId before) {
     const TreeDescription& description = *entry->description;
-    const TreeItemId item =
-        tree_->add(parent, {std::move(text), description.icon, false, !description.below.empty()}, before);
+    const bool isAsked = standsForInstances(description.kind);
+    const TreeItemId item = tree_->add(parent,
+                                       {.text = isAsked ? std::u16string() : description.caption,
+                                        .picture = description.icon,
+                                        .mayHaveChildren = !description.below.empty(),
+                                        .textOnDemand = isAsked},
+                                       before);
     entry->item = item;
     slotAt(item) = {std::move(entry)};
 }
@@ -261,6 +262,19 @@ void TreeView::listMoreAt(TreeItemId more) {
 void TreeView::noteFailure() {
     if (!failure_)
         failure_ = automation::currentError();
+}
+
+/// Not while the tree is painted, and once until everything is read anew.
+void TreeView::textFailed(const automation::Error& error) {
+    if (std::exchange(textFailureReported_, true))
+        return;
+    desktop_.post([this, error, generation = generation_, life = std::weak_ptr(alive_)] {
+        if (life.expired())
+            return;
+        const auto alive = keepFormAlive();
+        if (generation == generation_)
+            onFailure.raise(error);
+    });
 }
 
 void TreeView::reportFailure() {

@@ -56,6 +56,9 @@ HeadlessPeer::~HeadlessPeer() {
 
 void HeadlessPeer::apply(ui::Change changes) {
     changes_ |= changes;
+    if (const auto* const tree = dynamic_cast<const ui::Tree*>(&control_);
+        tree != nullptr && has(changes, ui::Change::ScrollTo))
+        bringIntoView(*tree);
     const auto* const list = dynamic_cast<const ui::VirtualList*>(&control_);
     if (list == nullptr)
         return;

@@ -12,6 +12,7 @@
 
 #include "platform/ui/desktop.h"
 #include "platform/ui/form.h"
+#include "platform/ui/tree.h"
 
 namespace quorel::headless {
 
@@ -29,15 +30,20 @@ class HeadlessPeer final : public ui::Peer {
     /// By nominal sizes, as a list of the platform's at 96 dots per inch has them.
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override;
 
-    /// The first row that a list shows, and moving it; true if it moved.
+    /// The first row that a list or tree shows, and moving it; true if it moved.
     [[nodiscard]] std::size_t topRow() const noexcept { return topRow_; }
     bool scrollTo(std::size_t row);
+    /// The lines of a tree that can be seen.
+    [[nodiscard]] std::vector<ui::TreeItemId> itemsInView();
     bool bringIntoView(std::size_t row, std::optional<std::size_t> column = std::nullopt);
 
     /// What was applied since the peer was made or this was last asked.
     [[nodiscard]] ui::Change takeChanges() noexcept { return std::exchange(changes_, ui::Change::None); }
 
   private:
+    /// The item that the tree scrolls to.
+    void bringIntoView(const ui::Tree& tree);
+
     HeadlessDesktop& desktop_;
     ui::Control& control_;
     ui::Change changes_ = ui::Change::None;

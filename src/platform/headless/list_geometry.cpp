@@ -1,8 +1,9 @@
-// Where the cells of a list are when nothing is painted.
+// Where the cells of a list and the lines of a tree are when nothing is painted.
 
 #include <algorithm>
 
 #include "platform/headless/headless_desktop.h"
+#include "platform/ui/tree.h"
 #include "platform/ui/virtual_list.h"
 
 namespace quorel::headless {
@@ -22,6 +23,27 @@ constexpr ui::Twips kRow{270};
 
 [[nodiscard]] std::size_t wholeRows(const ui::VirtualList& list) {
     return std::max<std::size_t>(1, static_cast<std::size_t>(cellArea(list).height.value / kRow.value));
+}
+
+/// How many lines there are, and how many of them are seen as a whole.
+struct Lines {
+    std::size_t all = 0;
+    std::size_t seen = 0;
+};
+
+[[nodiscard]] std::optional<Lines> linesOf(const ui::Control& control) {
+    if (const auto* const list = dynamic_cast<const ui::VirtualList*>(&control))
+        return Lines{list->rowCount(), wholeRows(*list)};
+    const auto* const tree = dynamic_cast<const ui::Tree*>(&control);
+    if (tree == nullptr)
+        return std::nullopt;
+    Lines lines;
+    for (ui::TreeItemId item = tree->shownAfter(ui::TreeItemId::Root); item != ui::TreeItemId::None;
+         item = tree->shownAfter(item))
+        ++lines.all;
+    const ui::Twips room = tree->bounds().height - kEdge * 2;
+    lines.seen = static_cast<std::size_t>(std::max(room.value / kRow.value, 1));
+    return lines;
 }
 
 [[nodiscard]] ui::Twips leftOf(const ui::VirtualList& list, std::size_t column) {
@@ -49,11 +71,10 @@ std::optional<ui::Rect> HeadlessPeer::cellBounds(ui::CellIndex cell) const {
 }
 
 bool HeadlessPeer::scrollTo(std::size_t row) {
-    const auto* const list = dynamic_cast<const ui::VirtualList*>(&control_);
-    if (list == nullptr)
+    const std::optional<Lines> lines = linesOf(control_);
+    if (!lines)
         return false;
-    const std::size_t seen = wholeRows(*list);
-    const std::size_t last = list->rowCount() > seen ? list->rowCount() - seen : 0;
+    const std::size_t last = lines->all > lines->seen ? lines->all - lines->seen : 0;
     return std::exchange(topRow_, std::min(row, last)) != topRow_;
 }
 
@@ -74,6 +95,35 @@ bool HeadlessPeer::bringIntoView(std::size_t row, std::optional<std::size_t> col
     else if (row >= topRow_ + seen)
         moved = scrollTo(row - seen + 1);
     return moved || scrolled_ != before;
+}
+
+std::vector<ui::TreeItemId> HeadlessPeer::itemsInView() {
+    const auto* const tree = dynamic_cast<const ui::Tree*>(&control_);
+    std::vector<ui::TreeItemId> items;
+    if (tree == nullptr)
+        return items;
+    scrollTo(topRow_);
+    const std::size_t end = topRow_ + linesOf(control_)->seen;
+    std::size_t line = 0;
+    for (ui::TreeItemId item = tree->shownAfter(ui::TreeItemId::Root);
+         item != ui::TreeItemId::None && line < end; item = tree->shownAfter(item))
+        if (line++ >= topRow_)
+            items.push_back(item);
+    return items;
+}
+
+void HeadlessPeer::bringIntoView(const ui::Tree& tree) {
+    std::size_t line = 0;
+    ui::TreeItemId item = tree.shownAfter(ui::TreeItemId::Root);
+    for (; item != ui::TreeItemId::None && item != tree.scrollTarget(); item = tree.shownAfter(item))
+        ++line;
+    const std::size_t seen = linesOf(tree)->seen;
+    if (item == ui::TreeItemId::None)
+        return;
+    if (line < topRow_)
+        scrollTo(line);
+    else if (line >= topRow_ + seen)
+        scrollTo(line - seen + 1);
 }
 
 }  // namespace quorel::headless

@@ -48,6 +48,7 @@ class User {
     void clickCell(ui::VirtualList& list, ui::CellIndex cell);
     /// Turns the wheel or moves the scroll bar until that row is the first, as far as it goes.
     void scrollTo(ui::VirtualList& list, std::size_t topRow);
+    void scrollTo(ui::Tree& tree, std::size_t topLine);
     void clickBelowRows(ui::VirtualList& list);
     void clickColumn(ui::VirtualList& list, std::size_t column);
     void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width);
@@ -89,6 +90,8 @@ class User {
     /// Looks at rows as a repaint does: every cell of them once, told to the source beforehand.
     std::vector<std::vector<std::u16string>> look(ui::VirtualList& list, std::size_t first,
                                                   std::size_t count);
+    /// The texts of the lines in view.
+    std::vector<std::u16string> look(ui::Tree& tree);
 
   private:
     /// Checks that a user can act on it and keeps the form alive.

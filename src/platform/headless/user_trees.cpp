@@ -126,6 +126,26 @@ void User::chooseContextMenu(ui::Tree& tree, TreeItemId item, std::u16string_vie
         chooseContextMenu(static_cast<ui::Control&>(tree), entry);
 }
 
+std::vector<std::u16string> User::look(ui::Tree& tree) {
+    const auto form = reach(tree);
+    std::vector<std::u16string> texts;
+    for (const TreeItemId item : dynamic_cast<HeadlessPeer&>(*tree.peer()).itemsInView()) {
+        std::u16string text = tree.itemText(item);
+        // Whoever is asked for a text may end the window.
+        if (!tree.isShown())
+            break;
+        texts.push_back(std::move(text));
+    }
+    desktop_.runPosted();
+    return texts;
+}
+
+void User::scrollTo(ui::Tree& tree, std::size_t topLine) {
+    const auto form = reach(tree);
+    dynamic_cast<HeadlessPeer&>(*tree.peer()).scrollTo(topLine);
+    desktop_.runPosted();
+}
+
 void User::clickTab(ui::TabStrip& strip, std::size_t index) {
     const auto form = reach(strip);
     if (index >= strip.tabs().size() || !strip.tabs()[index].visible)

@@ -110,6 +110,7 @@ TreeItemId Tree::add(TreeItemId parent, const TreeItem& item, TreeItemId before)
     node.picture = keyOf(item.picture);
     node.bold = item.bold;
     node.mayHaveChildren = item.mayHaveChildren;
+    node.asksText = item.textOnDemand;
     link(slot, static_cast<std::uint32_t>(slotOf(parent)),
          isSibling ? static_cast<std::uint32_t>(slotOf(before)) : kNobody);
     ++count_;
@@ -179,14 +180,31 @@ void Tree::itemChanged(TreeItemId item, TreeChange change) {
         peer()->applyItem(item, change);
 }
 
-const std::u16string& Tree::itemText(TreeItemId item) const noexcept {
+bool Tree::isTextKnown(TreeItemId item) const noexcept {
     const Node* const node = find(item);
-    return node != nullptr ? node->text : nothing();
+    return node == nullptr || !node->asksText;
+}
+
+std::u16string Tree::itemText(TreeItemId item) const {
+    if (isTextKnown(item) || !source_) {
+        const Node* const node = find(item);
+        return node != nullptr ? node->text : std::u16string();
+    }
+    const auto alive = keepFormAlive();
+    const auto source = source_;
+    auto& self = const_cast<Tree&>(*this);
+    // Whoever is asked may want the text, too.
+    self.find(item)->asksText = false;
+    std::u16string text = source(item);
+    if (Node* const node = self.find(item))
+        node->text = text;
+    return text;
 }
 
 void Tree::setItemText(TreeItemId item, std::u16string_view text) {
-    if (!contains(item) || itemText(item) == text)
+    if (!contains(item) || (isTextKnown(item) && itemText(item) == text))
         return;
+    find(item)->asksText = false;
     find(item)->text = text;
     itemChanged(item, TreeChange::Content);
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,11 +21,12 @@ struct TreeItem {
     std::u16string picture{};  ///< its key in the tree's image list; one that is not there shows nothing
     bool bold = false;
     bool mayHaveChildren = false;  ///< can be opened before its children are known
+    bool textOnDemand = false;     ///< the text is asked of the tree's source when it is wanted
 };
 
-/// A tree whose items are made when they are wanted. An item costs about 80 bytes and its text, is added and
-/// removed in constant time, and has a native item only while all above it are expanded. One item can be
-/// selected; the selected one is never inside a collapsed one.
+/// A tree whose items are made when they are wanted, and their texts read when they are seen. An item costs
+/// about 80 bytes and its text, is added and removed in constant time, and has a native item only while all
+/// above it are expanded. One item can be selected; the selected one is never inside a collapsed one.
 ///
 /// Members that take the id of an item that was removed do nothing, or answer as for an item with nothing.
 class Tree : public Control {
@@ -44,7 +46,12 @@ class Tree : public Control {
     [[nodiscard]] std::size_t itemCount() const noexcept { return count_; }
     [[nodiscard]] bool contains(TreeItemId item) const noexcept;
 
-    [[nodiscard]] const std::u16string& itemText(TreeItemId item) const noexcept;
+    /// Answers the texts of items that were added without. It is asked for each one once: when the item is
+    /// first painted, looked for by typing, or read. It must not throw, and may change the tree.
+    void setTextSource(std::function<std::u16string(TreeItemId)> source) { source_ = std::move(source); }
+    [[nodiscard]] std::u16string itemText(TreeItemId item) const;
+    /// False while it has still to be asked for.
+    [[nodiscard]] bool isTextKnown(TreeItemId item) const noexcept;
     void setItemText(TreeItemId item, std::u16string_view text);
     [[nodiscard]] const std::u16string& itemPicture(TreeItemId item) const noexcept;
     void setItemPicture(TreeItemId item, std::u16string_view key);
@@ -120,6 +127,7 @@ class Tree : public Control {
         std::uint32_t generation = 0;
         std::uint32_t picture = 0;  ///< its place in `keys_`
         bool live = false;
+        bool asksText = false;
         bool bold = false;
         bool mayHaveChildren = false;
         bool expanded = false;
@@ -139,6 +147,7 @@ class Tree : public Control {
     void forgetInside(TreeItemId item, bool itself) noexcept;
 
     std::vector<Node> nodes_;  ///< the first is the root
+    std::function<std::u16string(TreeItemId)> source_;
     std::uint32_t free_ = kNobody;
     std::size_t count_ = 0;
     std::vector<std::u16string> keys_;  ///< of pictures

@@ -107,10 +107,14 @@ TreeItemId Tree::findShown(std::u16string_view text, bool afterSelected) const {
     };
     const bool any = selected_ != TreeItemId::None;
     const TreeItemId start = !any ? begin : afterSelected ? following(selected_) : selected_;
+    const auto alive = keepFormAlive();
     TreeItemId at = start;
     do {
-        const std::u16string_view own = itemText(at);
-        if (automation::equalsIgnoringCase(own.substr(0, text.size()), text))
+        const std::u16string own = itemText(at);
+        // Whoever was asked for it may have changed the tree.
+        if (!isItemShown(at) || !isItemShown(start))
+            return TreeItemId::None;
+        if (automation::equalsIgnoringCase(std::u16string_view(own).substr(0, text.size()), text))
             return at;
         at = following(at);
     } while (at != start);

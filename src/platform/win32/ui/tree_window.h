@@ -11,8 +11,9 @@
 
 namespace quorel::win32 {
 
-/// The system's tree with an item for each one that is shown; it asks for the texts it paints. Nothing opens
-/// or closes natively by itself: what the user wants is noted and passed on when the tree has done with the
+/// The system's tree with an item for each one that is shown. The texts of the lines that it is about to
+/// paint are asked for before it paints, since whoever is asked may do anything to the tree. Nothing opens or
+/// closes natively by itself: what the user wants is noted and passed on when the tree has done with the
 /// message, so that a handler may fill, empty or destroy it.
 class TreeWindow : public NativeWindow {
   public:
@@ -66,6 +67,8 @@ class TreeWindow : public NativeWindow {
     [[nodiscard]] ui::TreeItemId hit(LPARAM at) const;
     void forget(LPARAM slot) noexcept;
     void tellText(TVITEMW& item) const;
+    [[nodiscard]] std::vector<ui::TreeItemId> unreadInView() const;
+    void readSeen();
     [[nodiscard]] LRESULT draw(NMTVCUSTOMDRAW& drawing) const;
     [[nodiscard]] ui::Colour ground() const noexcept;
     LRESULT serveInput(UINT message, WPARAM w, LPARAM l);
@@ -80,6 +83,7 @@ class TreeWindow : public NativeWindow {
     Noted noted_;
     int serving_ = 0;
     bool mirroring_ = false;
+    bool painting_ = false;
     bool focusing_ = false;
 };
 

@@ -52,9 +52,40 @@ ui::TreeItemId TreeWindow::hit(LPARAM at) const {
 void TreeWindow::tellText(TVITEMW& item) const {
     if ((item.mask & TVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
         return;
-    const std::u16string shown =
-        shownLine(tree().itemText(itemOfSlot(item.lParam)), static_cast<std::size_t>(item.cchTextMax) - 1);
+    const ui::TreeItemId asked = itemOfSlot(item.lParam);
+    // The tree measures the texts of lines that nobody sees when they are added.
+    const bool isUnread = (mirroring_ || painting_) && !tree().isTextKnown(asked);
+    if (isUnread && painting_)
+        ::InvalidateRect(handle(), nullptr, FALSE);
+    const std::u16string shown = shownLine(isUnread ? std::u16string() : tree().itemText(asked),
+                                           static_cast<std::size_t>(item.cchTextMax) - 1);
     std::memcpy(item.pszText, shown.c_str(), (shown.size() + 1) * sizeof(char16_t));
+}
+
+std::vector<ui::TreeItemId> TreeWindow::unreadInView() const {
+    std::vector<ui::TreeItemId> unread;
+    const auto next = [this](WPARAM relation, HTREEITEM from) {
+        return reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(from)));
+    };
+    HTREEITEM native = next(TVGN_FIRSTVISIBLE, nullptr);
+    for (LRESULT lines = send(TVM_GETVISIBLECOUNT) + 1; lines > 0 && native != nullptr; --lines) {
+        if (const ui::TreeItemId item = itemOf(native); !tree().isTextKnown(item))
+            unread.push_back(item);
+        native = next(TVGN_NEXTVISIBLE, native);
+    }
+    return unread;
+}
+
+/// The handler of each text may destroy the control.
+void TreeWindow::readSeen() {
+    const ui::Control* const self = control();
+    for (const ui::TreeItemId item : unreadInView()) {
+        static_cast<void>(tree().itemText(item));
+        if (control() == nullptr || control() != self || handle() == nullptr)
+            return;
+        const Flagged mirroring(mirroring_);
+        mirrorItem(item);
+    }
 }
 
 std::optional<LRESULT> TreeWindow::notified(NMHDR& header) {
@@ -115,6 +146,13 @@ LRESULT TreeWindow::serve(UINT message, WPARAM w, LPARAM l) {
     if (message == WM_CHAR) {
         type(static_cast<char16_t>(w));
         return 0;
+    }
+    if (message == WM_PAINT || message == WM_PRINTCLIENT) {
+        readSeen();
+        if (control() == nullptr || handle() == nullptr)
+            return 0;
+        const Flagged painting(painting_);
+        return NativeWindow::serve(message, w, l);
     }
     if (!mayReport(message))
         return NativeWindow::serve(message, w, l);
