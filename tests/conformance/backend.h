@@ -111,12 +111,16 @@ class Backend {
     /// "+ " for one that can be opened, ". " for any other, its text, " [key]" of its picture, "!" when bold
     /// and "*" when selected.
     [[nodiscard]] virtual std::vector<std::u16string> seenItems(const ui::Tree& tree) = 0;
+    /// The lines in view are painted.
+    virtual void look(ui::Tree& tree) = 0;
     /// True if the item is inside the tree's window now.
     [[nodiscard]] virtual bool seesItem(const ui::Tree& tree, ui::TreeItemId item) = 0;
     /// The captions of a strip's tabs, with a "*" before that of the selected one.
     [[nodiscard]] virtual std::vector<std::u16string> seenTabs(const ui::TabStrip& strip) = 0;
     /// Where a control's upper edge is in what it stands in.
     [[nodiscard]] virtual ui::Twips seenTop(const ui::Control& control) = 0;
+    /// How wide the picture is that the box shows, in the middle of it.
+    [[nodiscard]] virtual ui::Twips seenPictureWidth(const ui::PictureBox& box) = 0;
     /// How high a line of the label's font is, in points.
     [[nodiscard]] virtual int seenPoints(const ui::Label& label) = 0;
     /// Live peers, of all forms.

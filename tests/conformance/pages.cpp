@@ -137,6 +137,23 @@ TEST_F(Conformance, WhatGetsTheFocusComesIntoView) {
     EXPECT_LT(backend->seenTop(*book.boxes[0]), 0_tw);
 }
 
+TEST_F(Conformance, ABoxShowsAPictureOfAListInTheSizeOfTheList) {
+    const auto form = std::make_shared<ui::Form>(backend->desktop(), u"frmPictures");
+    ui::PictureBox& box = form->add<ui::PictureBox>(u"CaptionBox");
+    box.setBounds({0_tw, 0_tw, 900_tw, 900_tw});
+    const auto images = std::make_shared<ui::ImageList>(ui::ImageList::kBig);
+    box.setImage(images, u"face");
+    form->show(Modality::Modeless);
+    EXPECT_EQ(backend->seenPictureWidth(box), 0_tw) << "there is none under that key";
+    ui::Picture picture{16, 16, {}};
+    for (int i = 0; i < 16 * 16; ++i)
+        picture.rgba.insert(picture.rgba.end(), {200, 30, 40, 255});
+    images->set(u"face", picture);
+    EXPECT_EQ(backend->seenPictureWidth(box), 480_tw) << "it follows the list";
+    box.setPicture(std::make_shared<const ui::Picture>(picture));
+    EXPECT_EQ(backend->seenPictureWidth(box), ui::toTwips(16, 96)) << "one alone stays as it is";
+}
+
 TEST_F(Conformance, ALabelHasAFontOfItsOwn) {
     const auto form = std::make_shared<ui::Form>(backend->desktop(), u"frmFonts");
     ui::Label& caption = form->add<ui::Label>(u"PaneCaption");

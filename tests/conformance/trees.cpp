@@ -311,6 +311,52 @@ TEST_F(Conformance, AHandlerOfATreeMayDestroyTheWindow) {
     }
 }
 
+TEST_F(Conformance, TextsOfATreeAreAskedForWhenTheyAreSeen) {
+    Grove grove(backend->desktop());
+    std::size_t asked = 0;
+    grove.tree.setTextSource([&asked](TreeItemId item) {
+        ++asked;
+        return u"item " + automation::decimal(static_cast<std::int64_t>(slotOf(item)));
+    });
+    std::vector<TreeItemId> many;
+    for (int i = 0; i < 1000; ++i)
+        many.push_back(grove.tree.add(TreeItemId::Root, {.text = u"", .textOnDemand = true}));
+    EXPECT_EQ(asked, 0U);
+    grove.form->show(Modality::Modeless);
+    backend->look(grove.tree);
+    const std::size_t page = asked;
+    EXPECT_GE(page, 5U);
+    EXPECT_LE(page, 40U) << "no more than there is room for";
+    EXPECT_TRUE(grove.tree.isTextKnown(many.front()));
+    backend->look(grove.tree);
+    EXPECT_EQ(asked, page) << "each once";
+    grove.tree.ensureVisible(many.back());
+    backend->look(grove.tree);
+    EXPECT_LE(asked, page * 2 + 2);
+    EXPECT_TRUE(grove.tree.isTextKnown(many.back()));
+    EXPECT_FALSE(grove.tree.isTextKnown(many[500]));
+    const TreeItemId late = grove.tree.add(grove.packages, {.text = u"", .textOnDemand = true});
+    backend->look(grove.tree);
+    EXPECT_FALSE(grove.tree.isTextKnown(late)) << "what is above it is closed";
+    EXPECT_EQ(backend->seenItems(grove.tree)[1001],
+              u". item " + automation::decimal(static_cast<std::int64_t>(slotOf(many.back()))));
+}
+
+TEST_F(Conformance, WhoeverIsAskedForTheTextOfAnItemMayDestroyTheWindow) {
+    Grove grove(backend->desktop());
+    grove.tree.setTextSource([&grove](TreeItemId) {
+        grove.form->unload();
+        return u"gone";
+    });
+    for (int i = 0; i < 5; ++i)
+        grove.tree.add(TreeItemId::Root, {.text = u"", .textOnDemand = true});
+    grove.form->show(Modality::Modeless);
+    if (grove.form->isLoaded())
+        backend->look(grove.tree);
+    EXPECT_FALSE(grove.form->isLoaded());
+    EXPECT_EQ(backend->peerCount(), 0U);
+}
+
 TEST_F(Conformance, ATreeShowsAgainWhatItShowed) {
     Grove grove(backend->desktop());
     grove.form->show(Modality::Modeless);

@@ -90,6 +90,7 @@ class HeadlessBackend final : public Backend {
         return list.rowPicture(row) ? list.source()->rowPicture(row) : std::u16string();
     }
     [[nodiscard]] std::vector<std::u16string> seenItems(const ui::Tree& tree) override;
+    void look(ui::Tree& tree) override { static_cast<void>(user_.look(tree)); }
     [[nodiscard]] bool seesItem(const ui::Tree& tree, ui::TreeItemId item) override {
         return tree.peer() != nullptr && tree.isItemShown(item);
     }
@@ -102,6 +103,9 @@ class HeadlessBackend final : public Backend {
     }
     [[nodiscard]] ui::Twips seenTop(const ui::Control& control) override {
         return control.bounds().top - control.parent()->scrolled();
+    }
+    [[nodiscard]] ui::Twips seenPictureWidth(const ui::PictureBox& box) override {
+        return ui::toTwips(box.pictureAt(96).width, 96);
     }
     [[nodiscard]] int seenPoints(const ui::Label& label) override { return label.font().points; }
     [[nodiscard]] std::size_t peerCount() override { return desktop_.livePeers(); }

@@ -11,6 +11,7 @@
 #include "platform/win32/ui/windows_desktop.h"
 #include "tests/conformance/backend.h"
 #include "tests/platform/win32/ui/native_user.h"
+#include "tests/platform/win32/ui/snapshot.h"
 
 namespace quorel::conformance {
 
@@ -204,6 +205,10 @@ class NativeBackend final : public Backend {
     [[nodiscard]] std::vector<std::u16string> seenItems(const ui::Tree& tree) override {
         return native::itemsOf(tree);
     }
+    void look(ui::Tree& tree) override {
+        ::RedrawWindow(native::windowFor(tree), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        native::pump();
+    }
     [[nodiscard]] bool seesItem(const ui::Tree& tree, ui::TreeItemId item) override {
         return native::isItemInView(tree, item);
     }
@@ -211,6 +216,7 @@ class NativeBackend final : public Backend {
         return native::tabsOf(native::windowFor(strip));
     }
     [[nodiscard]] ui::Twips seenTop(const ui::Control& control) override;
+    [[nodiscard]] ui::Twips seenPictureWidth(const ui::PictureBox& box) override;
     [[nodiscard]] int seenPoints(const ui::Label& label) override;
     [[nodiscard]] std::size_t peerCount() override { return native::livePeers(); }
     void verify() override {
@@ -309,6 +315,20 @@ ui::Twips NativeBackend::seenTop(const ui::Control& control) {
     ::GetWindowRect(window, &outer);
     ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&outer), 2);
     return ui::toTwips(outer.top, win32::dpiOf(window));
+}
+
+/// The dots in the middle line that are not as those at its edge.
+ui::Twips NativeBackend::seenPictureWidth(const ui::PictureBox& box) {
+    const HWND window = native::windowFor(box);
+    RECT client{};
+    ::GetClientRect(window, &client);
+    const native::Snapshot shot(window);
+    const LONG middle = client.bottom / 2;
+    const ui::Colour ground = shot.at(0, middle);
+    LONG dots = 0;
+    for (LONG x = 0; x < client.right; ++x)
+        dots += shot.at(x, middle) == ground ? 0 : 1;
+    return ui::toTwips(dots, win32::dpiOf(window));
 }
 
 int NativeBackend::seenPoints(const ui::Label& label) {
