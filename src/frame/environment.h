@@ -5,9 +5,11 @@
 #include "platform/automation/class_registry.h"
 #include "platform/shell/clock.h"
 #include "platform/shell/file_dialogs.h"
+#include "platform/shell/folder_browser.h"
 #include "platform/shell/settings_store.h"
 #include "platform/shell/value_pickers.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/picture_objects.h"
 
 namespace quorel::frame {
 
@@ -22,6 +24,10 @@ struct Environment {
     shell::FileDialogs* fileDialogs = nullptr;
     /// Null where values can only be typed.
     shell::ValuePickers* valuePickers = nullptr;
+    /// Null where there are no pictures.
+    ui::PictureObjects* pictureObjects = nullptr;
+    /// Null where nobody can choose folders of the system's tree.
+    shell::FolderBrowser* folderBrowser = nullptr;
     /// Where the library lies with its picture files, without a separator at its end.
     std::u16string libraryFolder{};
 };

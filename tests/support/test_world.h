@@ -2,7 +2,9 @@
 
 #include "frame/environment.h"
 #include "platform/automation/error.h"
+#include "platform/headless/folder_browser.h"
 #include "platform/headless/headless_desktop.h"
+#include "platform/headless/picture_objects.h"
 #include "platform/headless/user.h"
 #include "platform/shell/memory_settings_store.h"
 
@@ -42,7 +44,10 @@ struct TestWorld {
     automation::ClassRegistry classes;
     ManualClock clock;
     shell::MemorySettingsStore settings;
-    frame::Environment environment{desktop, classes, clock, settings};
+    headless::PictureObjects pictureObjects;
+    headless::FolderBrowser folderBrowser{desktop};
+    frame::Environment environment{desktop, classes, clock,           settings,
+                                   nullptr, nullptr, &pictureObjects, &folderBrowser};
     headless::User user{desktop};
 
     /// The texts of all message boxes so far.

@@ -21,6 +21,7 @@ constexpr std::array kDescriptions{
     Description{6, u"Overflow"},
     Description{7, u"Out of memory"},
     Description{9, u"Subscript out of range"},
+    Description{10, u"This array is fixed or temporarily locked"},
     Description{11, u"Division by zero"},
     Description{13, u"Type mismatch"},
     Description{28, u"Out of stack space"},

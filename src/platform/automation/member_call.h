@@ -69,14 +69,21 @@ class BoundArgument {
 template <class R, class... P, class Call, std::size_t... I>
 Value callBound(Call&& call, [[maybe_unused]] std::span<Argument> arguments, std::index_sequence<I...>) {
     std::tuple<BoundArgument<P>...> bound{BoundArgument<P>(arguments[I])...};
-    if constexpr (std::is_void_v<R>) {
-        call(std::get<I>(bound).pass()...);
-        (std::get<I>(bound).writeBack(), ...);
-        return Value();
-    } else {
-        Value result(call(std::get<I>(bound).pass()...));
-        (std::get<I>(bound).writeBack(), ...);
-        return result;
+    // What the callee has changed by reference stays changed when it fails.
+    const auto writeBack = [&bound] { (std::get<I>(bound).writeBack(), ...); };
+    try {
+        if constexpr (std::is_void_v<R>) {
+            call(std::get<I>(bound).pass()...);
+            writeBack();
+            return Value();
+        } else {
+            Value result(call(std::get<I>(bound).pass()...));
+            writeBack();
+            return result;
+        }
+    } catch (...) {
+        writeBack();
+        throw;
     }
 }
 

@@ -2,10 +2,11 @@
 
 #include <fstream>
 #include <iterator>
-#include <random>
+#include <ostream>
 
 #include "platform/automation/error.h"
 #include "platform/shell/settings_text.h"
+#include "platform/shell/whole_file.h"
 
 namespace quorel::shell {
 
@@ -26,22 +27,6 @@ std::string readWhole(const fs::path& file) {
         raiseAccess(file, u"The settings cannot be read");
     return text;
 }
-
-/// Removes a file at the end of its scope unless it has been moved away.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        std::error_code ignored;
-        fs::remove(path_, ignored);
-    }
-    [[nodiscard]] const fs::path& path() const noexcept { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 }  // namespace
 
@@ -89,16 +74,10 @@ void FileSettingsStore::refresh() {
 void FileSettingsStore::replaceFile(const std::string& text) const {
     std::error_code failure;
     fs::create_directories(file_.parent_path(), failure);
-    TemporaryFile next(fs::path(file_).concat(".").concat(std::to_string(std::random_device()())));
-    {
-        std::ofstream out(next.path(), std::ios::binary);
+    const bool replaced = shell::replaceFile(file_, [&text](std::ostream& out) {
         out.write(text.data(), static_cast<std::streamsize>(text.size()));
-        out.close();
-        if (!out)
-            raiseAccess(file_, u"The settings cannot be written");
-    }
-    fs::rename(next.path(), file_, failure);
-    if (failure)
+    });
+    if (!replaced)
         raiseAccess(file_, u"The settings cannot be written");
 }
 

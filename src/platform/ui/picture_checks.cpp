@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::string_view kPngMagic("\x89PNG\r\n\x1a\n", 8);
 constexpr std::string_view kIconMagic("\0\0\1\0", 4);
+constexpr std::string_view kCursorMagic("\0\0\2\0", 4);
+constexpr std::string_view kJpegMagic("\xff\xd8\xff", 3);
 constexpr std::string_view kPlaceableMagic("\xd7\xcd\xc6\x9a", 4);
 constexpr std::string_view kMetafileMagic("\1\0\x09\0", 4);
 constexpr std::size_t kPlaceableHeader = 22;
@@ -49,12 +51,21 @@ std::uint32_t PictureBytes::networkWord(std::size_t at) const {
     return little << 24 | (little & 0xFF00U) << 8 | (little >> 8 & 0xFF00U) | little >> 24;
 }
 
+std::uint32_t PictureBytes::networkHalf(std::size_t at) const {
+    const std::uint32_t little = half(at);
+    return (little << 8 & 0xFF00U) | little >> 8;
+}
+
 std::optional<PictureKind> PictureBytes::kind() const {
     if (startsWith(0, kPngMagic))
         return PictureKind::Png;
     if (startsWith(0, "BM"))
         return PictureKind::Bitmap;
-    if (startsWith(0, kIconMagic))
+    if (startsWith(0, "GIF87a") || startsWith(0, "GIF89a"))
+        return PictureKind::Gif;
+    if (startsWith(0, kJpegMagic))
+        return PictureKind::Jpeg;
+    if (startsWith(0, kIconMagic) || startsWith(0, kCursorMagic))
         return PictureKind::Icon;
     if (startsWith(40, " EMF"))
         return PictureKind::EnhancedMetafile;
@@ -71,6 +82,10 @@ std::vector<PixelSize> PictureBytes::frames(PictureKind kind) const {
             return {bitmap(14, word(10), bytes_.size(), false)};
         case PictureKind::Icon:
             return icons();
+        case PictureKind::Gif:
+            return {gif()};
+        case PictureKind::Jpeg:
+            return {jpeg()};
         case PictureKind::Metafile:
             return {metafile()};
         case PictureKind::EnhancedMetafile:
@@ -132,6 +147,60 @@ std::vector<PixelSize> PictureBytes::icons() const {
         sizes.push_back(bitmap(begin, begin + word(begin) + colours * 4, begin + length, true));
     }
     return sizes;
+}
+
+/// Block after block to the last, or to where the file ends; as large as the largest picture in it reaches.
+PixelSize PictureBytes::gif() const {
+    constexpr std::size_t kHeader = 13, kImage = 10;
+    constexpr std::uint64_t kTable = 0x80, kEnd = 0x3B, kExtension = 0x21, kPicture = 0x2C;
+    const auto tableSize = [](std::uint64_t flags) {
+        return (flags & kTable) != 0 ? std::size_t{3} << ((flags & 7U) + 1) : 0;
+    };
+    PixelSize size{limited(half(6)), limited(half(8))};
+    std::size_t at = kHeader + tableSize(number(10, 1));
+    bool hasPicture = false;
+    while (at < bytes_.size() && number(at, 1) != kEnd) {
+        const std::uint64_t block = number(at, 1);
+        require(block == kExtension || block == kPicture);
+        if (block == kPicture) {
+            hasPicture = true;
+            size.width = std::max(size.width, limited(std::int64_t{half(at + 1)} + half(at + 5)));
+            size.height = std::max(size.height, limited(std::int64_t{half(at + 3)} + half(at + 7)));
+            at += kImage + tableSize(number(at + 9, 1)) + 1;
+        } else {
+            at += 2;
+        }
+        for (std::size_t length = 1; length != 0; at += length + 1)
+            length = number(at, 1);
+    }
+    require(hasPicture);
+    return size;
+}
+
+/// Segment after segment to the one that the pixels follow.
+PixelSize PictureBytes::jpeg() const {
+    constexpr std::uint64_t kMarker = 0xFF, kScan = 0xDA;
+    const auto beginsFrame = [](std::uint64_t marker) {
+        return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
+    };
+    PixelSize size;
+    for (std::size_t at = 2;;) {
+        require(number(at, 1) == kMarker);
+        const std::uint64_t marker = number(at + 1, 1);
+        if (marker == kMarker) {
+            ++at;
+            continue;
+        }
+        const std::size_t length = networkHalf(at + 2);
+        require(length >= 2);
+        if (beginsFrame(marker))
+            size = {limited(networkHalf(at + 7)), limited(networkHalf(at + 5))};
+        at += length + 2;
+        if (marker == kScan) {
+            require(at <= bytes_.size());
+            return size;
+        }
+    }
 }
 
 /// Record after record to the last. A placeable one has its size before the header.

@@ -36,10 +36,13 @@ class PictureBytes {
         return static_cast<std::int32_t>(word(at));
     }
     [[nodiscard]] std::uint32_t networkWord(std::size_t at) const;
+    [[nodiscard]] std::uint32_t networkHalf(std::size_t at) const;
     void require(bool sound) const;
     [[nodiscard]] PixelSize png(std::size_t begin, std::size_t end) const;
     [[nodiscard]] PixelSize bitmap(std::size_t header, std::size_t pixels, std::size_t end, bool icon) const;
     [[nodiscard]] std::vector<PixelSize> icons() const;
+    [[nodiscard]] PixelSize gif() const;
+    [[nodiscard]] PixelSize jpeg() const;
     [[nodiscard]] PixelSize metafile() const;
     [[nodiscard]] PixelSize enhancedMetafile() const;
 

@@ -6,8 +6,9 @@
 
 namespace quorel::ui {
 
-/// The kinds of picture files that can be shown, told by their content, whatever their name.
-enum class PictureKind : std::uint8_t { Bitmap, Icon, Png, Metafile, EnhancedMetafile };
+/// The kinds of picture files that can be shown, told by their content, whatever their name. A
+/// cursor is an icon.
+enum class PictureKind : std::uint8_t { Bitmap, Icon, Png, Gif, Jpeg, Metafile, EnhancedMetafile };
 
 struct PixelSize {
     std::int32_t width = 0;
