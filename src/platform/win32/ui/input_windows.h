@@ -10,6 +10,8 @@
 
 namespace quorel::win32 {
 
+/// The system begins a line at the top of the box, so the client area of a box of one line is as high as the
+/// line and in the middle; what is above and below it is painted like the box.
 class TextWindow : public NativeWindow {
   public:
     TextWindow(std::shared_ptr<Frame> frame, ui::TextBox& box) : NativeWindow(std::move(frame), box) {}
@@ -24,6 +26,9 @@ class TextWindow : public NativeWindow {
     void mirrorText() override;
     LRESULT serve(UINT message, WPARAM w, LPARAM l) override;
     [[nodiscard]] bool dropsKey(ui::KeyChord chord) const override;
+    void centreLine(RECT& client) const;
+    void paintAroundLine();
+    [[nodiscard]] LRESULT serveLine(UINT message, WPARAM w, LPARAM l);
     [[nodiscard]] ui::TextBox& box() const noexcept { return static_cast<ui::TextBox&>(*control()); }
 
     bool settingText_ = false;
@@ -60,6 +65,7 @@ class CheckWindow : public NativeWindow {
   private:
     [[nodiscard]] Description describe() override;
     void mirror(ui::Change changes) override;
+    [[nodiscard]] ui::PixelRect place() const override;
     [[nodiscard]] ui::CheckBox& box() const noexcept { return static_cast<ui::CheckBox&>(*control()); }
 };
 

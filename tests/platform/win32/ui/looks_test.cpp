@@ -76,6 +76,63 @@ TEST_F(Looks, AButtonPaintsItsDrawingPixelByPixelAtEveryResolution) {
     }
 }
 
+TEST_F(Looks, APictureOfAListGrowsWithTheResolution) {
+    constexpr ui::Colour kRed{200, 30, 40};
+    ui::Picture picture{16, 16, {}};
+    for (int i = 0; i < 16 * 16; ++i)
+        picture.rgba.insert(picture.rgba.end(), {kRed.red, kRed.green, kRed.blue, 255});
+    const auto images = std::make_shared<ui::ImageList>();
+    images->set(u"face", picture);
+    gallery->picture->setImage(images, u"face");
+    for (const int dpi : {96, 192, 144, 96}) {
+        SCOPED_TRACE(dpi);
+        moveToResolution(form(), dpi);
+        const auto side = static_cast<std::size_t>(16 * dpi / 96);
+        EXPECT_EQ(Snapshot(window(*gallery->picture)).count(kRed), side * side);
+    }
+}
+
+TEST_F(Looks, ALineOfTextStandsInTheMiddleOfItsBox) {
+    for (const int dpi : {96, 144, 192}) {
+        SCOPED_TRACE(dpi);
+        moveToResolution(form(), dpi);
+        const HWND box = window(*gallery->box);
+        RECT outer{}, line{};
+        ::GetWindowRect(box, &outer);
+        ::GetClientRect(box, &line);
+        ::MapWindowPoints(box, nullptr, reinterpret_cast<POINT*>(&line), 2);
+        EXPECT_NEAR(static_cast<double>(line.top - outer.top),
+                    static_cast<double>(outer.bottom - line.bottom), 1.0);
+        const auto font = reinterpret_cast<HFONT>(::SendMessageW(box, WM_GETFONT, 0, 0));
+        EXPECT_EQ(line.bottom - line.top, lineHeight(font) + 2);
+        // A click beside the line is one into the box.
+        const LPARAM besides = MAKELPARAM(line.left + 5, line.top - 1);
+        EXPECT_EQ(::SendMessageW(box, WM_NCHITTEST, 0, besides), HTCLIENT);
+    }
+}
+
+TEST_F(Looks, NoLineOfACaptionIsCutBesideItsBox) {
+    ui::CheckBox& check = gallery->form->add<ui::CheckBox>(u"Long");
+    check.setText(
+        u"Be formal towards everybody who is not known by name, and even towards those who are when it is "
+        u"late");
+    for (const int dpi : {96, 192})
+        for (int width = 4200; width < 5100; width += 30) {
+            SCOPED_TRACE(width);
+            moveToResolution(form(), dpi);
+            check.setBounds({0_tw, 0_tw, {width}, 900_tw});
+            RECT client{};
+            ::GetClientRect(window(check), &client);
+            EXPECT_LE(client.right, toPixels(ui::Twips{width}, dpi));
+            EXPECT_GT(client.right, toPixels(ui::Twips{width - 240}, dpi));
+            const Snapshot shot(window(check));
+            const ui::Colour ground = shot.at(client.right - 1, 0);
+            const RECT edge{client.right - 1, 0, client.right, client.bottom};
+            EXPECT_EQ(shot.count(ground, edge), static_cast<std::size_t>(client.bottom));
+            EXPECT_LT(shot.count(ground), static_cast<std::size_t>(client.right * client.bottom));
+        }
+}
+
 TEST_F(Looks, ADisabledButtonPaintsItsDrawingFaintly) {
     gallery->addDrawings();
     ui::Button& button = *gallery->glyphs.front();
