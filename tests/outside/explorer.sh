@@ -139,10 +139,24 @@ package_explorer() { # REPOSITORY PACKAGE
     expect "the host ends without an error" host_ends_well 0
 }
 
+explorer_at_192() {
+    resolution 192
+    start_host explorer-192 script_host samples/vbscript/explorer.vbs "$repository"
+    wait_for_form frmExplorer
+    expect "the explorer at 192 dpi: Authors opens" open_entry Authors
+    expect "the explorer at 192 dpi: an author takes a click" click_entry 'Authors/Jane Austen'
+    expect "the explorer at 192 dpi: the author's pane is shown" caption_is 'An author'
+    picture_of explorer-192
+    xdotool key alt+F4
+    expect "the explorer at 192 dpi: the host ends without an error" host_ends_well 0
+    resolution 96
+}
+
 explorer_tests() {
     explorer_host vbscript script_host samples/vbscript/explorer.vbs "$repository"
     explorer_host jscript script_host samples/jscript/explorer.js "$repository"
     explorer_host cpp run_windows 120 build/windows/bin/sample_explorer.exe "$repository"
+    explorer_at_192
     expect "a package list is imported" import_packages
     package_explorer "$outside_dir/packages.quorel" libssl3
 }
