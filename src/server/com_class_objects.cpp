@@ -12,7 +12,7 @@ std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& r
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
             progressBarClass(registry),   explorerClass(registry),       settingsClass(registry),
             settingEntryClass(registry),  optionsClass(registry),        fileSelectorClass(registry),
-            fileTypesClass(registry)};
+            fileTypesClass(registry),     htExplorerClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

@@ -12,6 +12,7 @@ namespace quorel::server {
 [[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass fileSelectorClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass fileTypesClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass htExplorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass matrixBrowserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass nameEditClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass optionsClass(const automation::ClassRegistry& registry);

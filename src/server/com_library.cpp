@@ -20,7 +20,13 @@ Library::Library()
       fileDialogs_(desktop_),
       valuePickers_(desktop_),
       classes_(win32::createPlatformObject),
-      environment_{desktop_, classes_, clock_, settings_, &fileDialogs_, &valuePickers_},
+      environment_{.desktop = desktop_,
+                   .classes = classes_,
+                   .clock = clock_,
+                   .settings = settings_,
+                   .fileDialogs = &fileDialogs_,
+                   .valuePickers = &valuePickers_,
+                   .libraryFolder = win32::thisModuleFolder()},
       module_(classesOf(environment_), publicTypeLibrary()) {}
 
 HRESULT Library::canUnloadNow() const noexcept {

@@ -176,6 +176,33 @@ TEST_F(EarlyBound, DescribesAnExplorer) {
     EXPECT_EQ(explorer->Destroy(), S_OK);
 }
 
+TEST_F(EarlyBound, ExploresAHierarchy) {
+    const auto explorer = dll.create<IHTExplorer>(__uuidof(::HTExplorer));
+    ASSERT_TRUE(explorer);
+    Variant result;
+    EXPECT_EQ(explorer->SetupTree(), kNotSet);
+    EXPECT_EQ(explorer->Populate(), kNotSet);
+    EXPECT_EQ(explorer->Init(result.out()), kNotSet);
+    ASSERT_EQ(explorer->Create(makeBstr(u"Hierarchy").get(), nullptr), S_OK)
+        << "the pictures lie beside the library";
+    EXPECT_EQ(explorer->put_RepositoryFileName(makeBstr(u"garden.quorel").get()), S_OK);
+    Bstr fileName;
+    EXPECT_EQ(explorer->get_RepositoryFileName(fileName.out()), S_OK);
+    EXPECT_EQ(viewOf(fileName.get()), u"garden.quorel");
+    EXPECT_EQ(explorer->putref_PackageObject(nullptr), S_OK);
+    ComPtr<IDispatch> repository;
+    EXPECT_EQ(explorer->get_Repository(repository.out()), S_OK);
+    EXPECT_FALSE(repository);
+    EXPECT_EQ(explorer->Init(result.out()), S_OK);
+    EXPECT_EQ(V_VT(result.get()), VT_EMPTY);
+    EXPECT_EQ(explorer->Populate(), S_OK);
+    EXPECT_EQ(explorer->PopUp(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(explorer->Conceal(), S_OK);
+    EXPECT_EQ(explorer->Deinit(result.out()), S_OK);
+    EXPECT_EQ(explorer->Destroy(), S_OK);
+    EXPECT_EQ(explorer->Destroy(), S_OK);
+}
+
 TEST_F(EarlyBound, NavigatesByMatrix) {
     const auto browser = dll.create<IMatrixBrowser>(__uuidof(::MatrixBrowser));
     ASSERT_TRUE(browser);
@@ -285,8 +312,7 @@ TEST_F(EarlyBound, ProgressBarTakesItsNumbers) {
 }
 
 TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid :
-         {__uuidof(::SelectItem), __uuidof(::HTExplorer), __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
+    for (const GUID& clsid : {__uuidof(::SelectItem), __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
         ComPtr<IClassFactory> factory;
         EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
     }

@@ -15,11 +15,11 @@ namespace {
 using win32::ComPtr;
 
 const std::u16string_view kCreatable[] = {
-    u"QuorelUtility.UUIDGenerator",  u"QuorelUtility.NameEdit",     u"QuorelUtility.MatrixBrowser",
-    u"QuorelUtility.PropertyEditor", u"QuorelUtility.SixPane",      u"QuorelUtility.Explorer",
-    u"QuorelUtility.Settings",       u"QuorelUtility.SettingEntry", u"QuorelUtility.Options",
-    u"QuorelUtility.Progress",       u"QuorelUtility.ProgressBar",  u"VardekFileSelector.FileSelector",
-    u"VardekFileAccess.c_FileType"};
+    u"QuorelUtility.UUIDGenerator",     u"QuorelUtility.NameEdit",     u"QuorelUtility.MatrixBrowser",
+    u"QuorelUtility.PropertyEditor",    u"QuorelUtility.SixPane",      u"QuorelUtility.Explorer",
+    u"QuorelUtility.HTExplorer",        u"QuorelUtility.Settings",     u"QuorelUtility.SettingEntry",
+    u"QuorelUtility.Options",           u"QuorelUtility.Progress",     u"QuorelUtility.ProgressBar",
+    u"VardekFileSelector.FileSelector", u"VardekFileAccess.c_FileType"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
@@ -50,7 +50,7 @@ TEST_F(Registration, MakesTheClassesKnown) {
         EXPECT_TRUE(win32::createPlatformObject(std::u16string(progId) + u".1"));
     }
     EXPECT_TRUE(isLibraryRegistered());
-    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.HTExplorer"));
+    EXPECT_FALSE(win32::createPlatformObject(u"QuorelUtility.Unknown"));
     EXPECT_EQ(dll.unregisterServer(), S_OK);
     EXPECT_EQ(dll.unregisterServer(), S_OK);
 }

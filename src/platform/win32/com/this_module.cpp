@@ -43,4 +43,9 @@ std::u16string_view thisModuleName() {
     return narrowView(name.data(), name.size());
 }
 
+std::u16string thisModuleFolder() {
+    const std::wstring path = thisModulePath();
+    return std::u16string(narrowView(path.data(), path.find_last_of(L"\\/")));
+}
+
 }  // namespace quorel::win32

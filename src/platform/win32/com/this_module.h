@@ -22,6 +22,8 @@ extern const ImageRange thisImage;
 }
 /// Its file name without folder and extension, e.g. u"QuorelUtility".
 [[nodiscard]] std::u16string_view thisModuleName();
+/// The folder that it lies in, without a separator at the end.
+[[nodiscard]] std::u16string thisModuleFolder();
 /// Its whole path.
 [[nodiscard]] std::wstring thisModulePath();
 
