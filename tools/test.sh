@@ -104,6 +104,7 @@ test_samples() {
     rm -f "$made"-by-*
     run_script sample-report samples/vbscript/report.vbs "$repository"
     run_script sample-progress samples/vbscript/progress.vbs "$repository"
+    run_script sample-progressbar samples/vbscript/progressbar.vbs "$repository"
     run_script sample-identifiers samples/vbscript/identifiers.vbs Garden
     run_script sample-settings samples/vbscript/settings.vbs "$(windows_path "$made-by-settings.quorel")"
     run_script sample-repository.vbs samples/vbscript/repository.vbs "$(windows_path "$made-by-vbscript.quorel")"
