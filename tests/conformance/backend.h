@@ -66,6 +66,8 @@ class Backend {
     virtual void doubleClickRow(ui::VirtualList& list, std::size_t row) = 0;
     virtual void clickBelowRows(ui::VirtualList& list) = 0;
     virtual void clickCell(ui::VirtualList& list, ui::CellIndex cell) = 0;
+    /// A click on the row's check box.
+    virtual void clickBox(ui::VirtualList& list, std::size_t row) = 0;
     /// A click into the scroll bar, under its thumb.
     virtual void pageDown(ui::VirtualList& list) = 0;
     virtual void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) = 0;
@@ -104,6 +106,7 @@ class Backend {
     [[nodiscard]] virtual int seenProgress(const ui::ProgressBar& bar) = 0;
     [[nodiscard]] virtual std::u16string seenCell(ui::VirtualList& list, std::size_t row,
                                                   std::size_t column) = 0;
+    [[nodiscard]] virtual bool seesChecked(ui::VirtualList& list, std::size_t row) = 0;
     [[nodiscard]] virtual std::size_t seenRowCount(ui::VirtualList& list) = 0;
     /// The key of the picture before a row, read by the place of its native picture; empty for none.
     [[nodiscard]] virtual std::u16string seenPicture(ui::VirtualList& list, std::size_t row) = 0;

@@ -1,6 +1,7 @@
 # The suite, for the program of each backend: include this file and add one source that defines makeBackend.
 set(QUOREL_CONFORMANCE_SOURCES
     ${CMAKE_SOURCE_DIR}/tests/conformance/cells.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/check_lists.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/choices.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/combos.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/forms.cpp

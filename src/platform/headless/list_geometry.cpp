@@ -17,8 +17,9 @@ constexpr ui::Twips kRow{270};
 /// The area under the header, relative to the list.
 [[nodiscard]] ui::Rect cellArea(const ui::VirtualList& list) {
     const ui::Size size = list.bounds().size();
-    return {kEdge, kEdge + kHeader, std::max(ui::Twips{0}, size.width - kEdge * 2),
-            std::max(ui::Twips{0}, size.height - kEdge * 2 - kHeader)};
+    const ui::Twips header = list.isTitled() ? kHeader : ui::Twips{0};
+    return {kEdge, kEdge + header, std::max(ui::Twips{0}, size.width - kEdge * 2),
+            std::max(ui::Twips{0}, size.height - kEdge * 2 - header)};
 }
 
 [[nodiscard]] std::size_t wholeRows(const ui::VirtualList& list) {

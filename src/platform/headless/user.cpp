@@ -102,6 +102,16 @@ void User::doubleClickRow(ui::VirtualList& list, std::size_t row) {
     desktop_.runPosted();
 }
 
+void User::clickBox(ui::VirtualList& list, std::size_t row) {
+    const auto alive = reach(list);
+    reachRow(list, row);
+    if (!list.hasCheckBoxes())
+        throw CannotDo("the list has no check boxes");
+    list.focus();
+    list.userClickedBox(row);
+    desktop_.runPosted();
+}
+
 void User::clickBelowRows(ui::VirtualList& list) {
     const auto form = reach(list);
     focusByClick(*form, list);

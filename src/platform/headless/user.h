@@ -50,6 +50,8 @@ class User {
     void scrollTo(ui::VirtualList& list, std::size_t topRow);
     void scrollTo(ui::Tree& tree, std::size_t topLine);
     void clickBelowRows(ui::VirtualList& list);
+    /// A click on the row's check box.
+    void clickBox(ui::VirtualList& list, std::size_t row);
     void clickColumn(ui::VirtualList& list, std::size_t column);
     void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width);
     /// Right click (on the row) and a choice, by the name of the entry.

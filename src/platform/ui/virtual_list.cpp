@@ -59,6 +59,23 @@ void VirtualList::setImages(std::shared_ptr<ImageList> images) {
     changed(Change::Images);
 }
 
+void VirtualList::setCheckBoxes(bool checkBoxes) {
+    checkBoxes_ = checkBoxes;
+    changed(Change::Style);
+}
+
+void VirtualList::setTitled(bool titled) {
+    titled_ = titled;
+    changed(Change::Style);
+}
+
+bool VirtualList::isChecked(std::size_t row) const {
+    if (source_ == nullptr || row >= rowCount_ || !checkBoxes_)
+        return false;
+    const auto alive = keepFormAlive();
+    return source_->isChecked(row);
+}
+
 bool VirtualList::isGroup(std::size_t row) const {
     if (source_ == nullptr || row >= rowCount_)
         return false;
@@ -148,6 +165,12 @@ void VirtualList::userClickedCell(CellIndex cell) {
     const auto alive = keepFormAlive();
     if (cell.row < rowCount_ && cell.column < columns_.size())
         onCellClick.raise(cell);
+}
+
+void VirtualList::userClickedBox(std::size_t row) {
+    const auto alive = keepFormAlive();
+    if (checkBoxes_ && row < rowCount_)
+        onCheck.raise(row);
 }
 
 void VirtualList::userMovedCells() {

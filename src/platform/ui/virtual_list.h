@@ -62,6 +62,11 @@ class RowSource {
         static_cast<void>(column);
         return {};
     }
+    /// Whether the box before the row is checked. Asked only of a list that has check boxes.
+    [[nodiscard]] virtual bool isChecked(std::size_t row) {
+        static_cast<void>(row);
+        return false;
+    }
     /// The heading of a group of rows: its first cell's text in bold across all columns.
     [[nodiscard]] virtual bool isGroup(std::size_t row) {
         static_cast<void>(row);
@@ -96,12 +101,20 @@ class VirtualList : public Control {
     /// The place of the row's picture in the image list, under the same terms; none without one.
     [[nodiscard]] std::optional<std::size_t> rowPicture(std::size_t row) const;
     [[nodiscard]] bool isGroup(std::size_t row) const;
+    [[nodiscard]] bool isChecked(std::size_t row) const;
     [[nodiscard]] bool hasLooks() const { return source_ != nullptr && source_->hasLooks(); }
     /// Tells the source which rows come next, under the same terms.
     void prepareRows(std::size_t first, std::size_t last) const;
 
     void setColumns(std::vector<Column> columns);
     [[nodiscard]] const std::vector<Column>& columns() const noexcept { return columns_; }
+
+    /// A box before each row, which a click reports and the source alone checks.
+    void setCheckBoxes(bool checkBoxes);
+    [[nodiscard]] bool hasCheckBoxes() const noexcept { return checkBoxes_; }
+    /// Whether there is a line of column titles. Before the list is shown.
+    void setTitled(bool titled);
+    [[nodiscard]] bool isTitled() const noexcept { return titled_; }
 
     /// Where the pictures of rows come from.
     [[nodiscard]] const std::shared_ptr<ImageList>& images() const noexcept { return images_.list(); }
@@ -130,6 +143,7 @@ class VirtualList : public Control {
     Event<> onActivate;  ///< double-click or Enter on the selected row
     Event<std::size_t> onColumnClick;   ///< a click on the header of that column
     Event<std::size_t> onColumnResize;  ///< the user changed a column's width
+    Event<std::size_t> onCheck;         ///< a click on the box of that row; the selection stays
     Event<CellIndex> onCellClick;       ///< a click on a cell, after the selection
     /// The cells stand elsewhere and the program has not moved them: the user scrolled or changed a column's
     /// width, a selection by key scrolled, the list became too small for its place, the resolution changed.
@@ -143,6 +157,7 @@ class VirtualList : public Control {
     void userClickedColumn(std::size_t column);
     void userResizedColumn(std::size_t column, Twips width);
     void userClickedCell(CellIndex cell);
+    void userClickedBox(std::size_t row);
     void userMovedCells();
     [[nodiscard]] std::optional<std::size_t> userFinds(const std::u16string& text, std::size_t start);
 
@@ -153,6 +168,8 @@ class VirtualList : public Control {
     std::optional<std::size_t> selected_;
     std::optional<ScrollTarget> target_;
     ImageUse images_;
+    bool checkBoxes_ = false;
+    bool titled_ = true;
 };
 
 }  // namespace quorel::ui

@@ -33,6 +33,8 @@ class HeadlessBackend final : public Backend {
     void doubleClickRow(ui::VirtualList& list, std::size_t row) override { user_.doubleClickRow(list, row); }
     void clickBelowRows(ui::VirtualList& list) override { user_.clickBelowRows(list); }
     void clickCell(ui::VirtualList& list, ui::CellIndex cell) override { user_.clickCell(list, cell); }
+    void clickBox(ui::VirtualList& list, std::size_t row) override { user_.clickBox(list, row); }
+    bool seesChecked(ui::VirtualList& list, std::size_t row) override { return list.isChecked(row); }
     void pageDown(ui::VirtualList& list) override { user_.scrollTo(list, 10); }
     void resizeColumn(ui::VirtualList& list, std::size_t column, ui::Twips width) override {
         user_.resizeColumn(list, column, width);

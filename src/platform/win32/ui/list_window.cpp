@@ -48,14 +48,16 @@ constexpr std::size_t kMostTitleUnits = 259;
 }  // namespace
 
 NativeWindow::Description ListWindow::describe() {
+    const DWORD titles = list().isTitled() ? 0U : LVS_NOCOLUMNHEADER;
     return {u"SysListView32",
-            WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
+            titles | WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
                 LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
             WS_EX_CLIENTEDGE};
 }
 
 void ListWindow::opened() {
-    send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+         static_cast<LPARAM>(LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP));
     ::SetWindowTheme(handle(), L"Explorer", nullptr);
 }
 
@@ -69,11 +71,29 @@ void ListWindow::spaceRows() {
     images_ = std::move(next);
 }
 
+/// The source keeps the checks: the system's list asks for them as for the texts. Those of its own pictures
+/// that it has made for the style are replaced, for they have one size at every resolution.
+void ListWindow::showCheckBoxes() {
+    const bool boxes = list().hasCheckBoxes();
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, boxes ? LVS_EX_CHECKBOXES : 0);
+    if (!boxes)
+        return;
+    send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+    NativeImages next = makeCheckImages(handle(), dpi(), toColorRef(ground()));
+    const auto before = reinterpret_cast<HIMAGELIST>(
+        send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(next.get())));
+    if (before != nullptr && before != checks_.get())
+        ::ImageList_Destroy(before);
+    checks_ = std::move(next);
+}
+
 void ListWindow::mirror(ui::Change changes) {
     const Flagged mirroring(mirroring_);
     NativeWindow::mirror(changes & static_cast<ui::Change>(~static_cast<std::uint32_t>(ui::Change::Text)));
     if (has(changes, ui::Change::Colours))
         mirrorColours();
+    if (has(changes, ui::Change::Colours | ui::Change::Style))
+        showCheckBoxes();
     if (has(changes, ui::Change::Images)) {
         spaceRows();
         ::InvalidateRect(handle(), nullptr, TRUE);
@@ -168,6 +188,7 @@ void ListWindow::rescaled() {
         return;
     const Flagged mirroring(mirroring_);
     spaceRows();
+    showCheckBoxes();
     mirrorColumns();
     list().userMovedCells();
 }
@@ -195,6 +216,10 @@ LRESULT ListWindow::serve(UINT message, WPARAM w, LPARAM l) {
         hover(l);
     if (control() == nullptr)
         return 0;
+    if (pressedBox(message, l)) {
+        report();
+        return 0;
+    }
     ++serving_;
     const LRESULT result =
         maySelect(message) ? serveSelecting(message, w, l) : NativeWindow::serve(message, w, l);
@@ -221,6 +246,20 @@ LRESULT ListWindow::serveSelecting(UINT message, WPARAM w, LPARAM l) {
     else
         setRowSelected(*before, true);
     return result;
+}
+
+/// The system's list would check the box itself, and select the row or not, depending on its version.
+bool ListWindow::pressedBox(UINT message, LPARAM at) {
+    if ((message != WM_LBUTTONDOWN && message != WM_LBUTTONDBLCLK) || !list().hasCheckBoxes())
+        return false;
+    LVHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(at), GET_Y_LPARAM(at)};
+    if (send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0 ||
+        (hit.flags & LVHT_ONITEM) != LVHT_ONITEMSTATEICON)
+        return false;
+    noted_.check = static_cast<std::size_t>(hit.iItem);
+    ::SetFocus(handle());
+    return true;
 }
 
 bool ListWindow::hitsRow(LPARAM at) const noexcept {

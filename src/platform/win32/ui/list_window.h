@@ -24,6 +24,7 @@ class ListWindow : public NativeWindow {
         bool selection = false;
         std::optional<ui::CellIndex> click;
         bool activation = false;
+        std::optional<std::size_t> check;
         std::optional<std::size_t> columnClick;
         std::optional<std::size_t> columnResize;
     };
@@ -41,6 +42,8 @@ class ListWindow : public NativeWindow {
     LRESULT serveSelecting(UINT message, WPARAM w, LPARAM l);
     [[nodiscard]] bool hitsRow(LPARAM at) const noexcept;
     void mirrorRows();
+    void showCheckBoxes();
+    [[nodiscard]] bool pressedBox(UINT message, LPARAM at);
     void mirrorSelection();
     void scrollToTarget() const;
     [[nodiscard]] std::optional<RECT> cellRect(ui::CellIndex cell) const;
@@ -66,6 +69,7 @@ class ListWindow : public NativeWindow {
 
     HWND header_ = nullptr;  ///< made with the first column
     NativeImages images_;    ///< of the rows, or an empty one
+    NativeImages checks_;
     /// The row that the HWND has selected, from what it tells: asking it costs a step for each row.
     std::optional<std::size_t> selection_;
     Noted noted_;

@@ -48,6 +48,14 @@ void ListWindow::tellCell(LVITEMW& item) const {
         if (control() == nullptr)
             return;
     }
+    if (list().hasCheckBoxes() && item.iItem >= 0 && item.iSubItem == 0) {
+        const bool checked = list().isChecked(static_cast<std::size_t>(item.iItem));
+        item.mask |= LVIF_STATE;
+        item.stateMask |= LVIS_STATEIMAGEMASK;
+        item.state = (item.state & ~LVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(checked ? 2U : 1U);
+        if (control() == nullptr)
+            return;
+    }
     if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
         return;
     std::u16string text;
@@ -138,6 +146,8 @@ void ListWindow::report() {
         if (moved || again)
             list().userSelected(row);
     }
+    if (alive() && noted.check)
+        list().userClickedBox(*noted.check);
     if (alive() && noted.click)
         list().userClickedCell(*noted.click);
     if (alive() && noted.activation)

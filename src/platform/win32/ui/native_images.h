@@ -18,6 +18,9 @@ using NativeImages = Unique<HIMAGELIST, destroyImageList>;
 /// at least `height` pixels high, with the picture in the middle.
 [[nodiscard]] NativeImages makeNativeImages(const ui::ImageList& images, std::int32_t dpi, int height = 0);
 
+/// A box and a checked one, as they look on that ground.
+[[nodiscard]] NativeImages makeCheckImages(HWND window, std::int32_t dpi, COLORREF ground);
+
 /// Of no picture, to give lines that height.
 [[nodiscard]] NativeImages makeSpacer(int height);
 

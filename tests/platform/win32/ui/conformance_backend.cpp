@@ -129,6 +129,14 @@ class NativeBackend final : public Backend {
         const HWND window = native::windowFor(list);
         native::click(window, native::pointInCell(window, cell));
     }
+    void clickBox(ui::VirtualList& list, std::size_t row) override {
+        const HWND window = native::windowFor(list);
+        native::click(window, native::pointInBox(window, row));
+    }
+    bool seesChecked(ui::VirtualList& list, std::size_t row) override {
+        return (::SendMessageW(native::windowFor(list), LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK) >> 12) ==
+               2;
+    }
     void pageDown(ui::VirtualList& list) override {
         ::PostMessageW(native::windowFor(list), WM_VSCROLL, SB_PAGEDOWN, 0);
         native::pump();

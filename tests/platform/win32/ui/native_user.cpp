@@ -163,6 +163,16 @@ POINT pointInRow(HWND list, std::size_t row) {
     return {place.left + 10, (place.top + place.bottom) / 2};
 }
 
+POINT pointInBox(HWND list, std::size_t row) {
+    POINT at = pointInRow(list, row);
+    LVHITTESTINFO hit{};
+    for (hit.pt = {0, at.y}; hit.pt.x < at.x; ++hit.pt.x)
+        if (::SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) >= 0 &&
+            (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON)
+            return {hit.pt.x + 4, at.y};
+    throw std::runtime_error("the row has no box");
+}
+
 POINT pointInCell(HWND list, ui::CellIndex cell) {
     POINT at = pointInRow(list, cell.row);
     const HWND header = reinterpret_cast<HWND>(::SendMessageW(list, LVM_GETHEADER, 0, 0));

@@ -40,6 +40,7 @@ void type(HWND form, std::u16string_view text);
 [[nodiscard]] POINT pointInRow(HWND list, std::size_t row);
 
 /// A point in a cell, scrolled into view from above or below.
+[[nodiscard]] POINT pointInBox(HWND list, std::size_t row);
 [[nodiscard]] POINT pointInCell(HWND list, ui::CellIndex cell);
 
 /// A point on an item, scrolled into view, and on its button; throw std::runtime_error when it has none.
