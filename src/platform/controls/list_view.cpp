@@ -47,6 +47,7 @@ ListView::ListView(std::u16string_view name, ui::Desktop& desktop)
     list_->onColumnClick.connect([this](std::size_t column) { clickedColumn(column); });
     list_->onColumnResize.connect(
         [this](std::size_t column) { userWidths_[columns_.title(column)] = list_->columns()[column].width; });
+    list_->onCheck.connect([this](std::size_t viewRow) { toggleCheck(viewRow); });
     list_->onFind.connect([this](const std::u16string& text, std::size_t start,
                                  std::optional<std::size_t>& found) { find(text, start, found); });
     list_->onKeyDown.connect([this](ui::KeyEvent& event) { keyInList(event); });
@@ -200,9 +201,14 @@ void ListView::showRows(std::optional<std::size_t> selected) {
     cache_.clear();
     list_->rowsChanged();
     list_->selectRow(selected ? view_.viewRowOf(*selected) : std::nullopt);
+    if (shownLabel_->isVisible())
+        tellShown();
+    onSelectionChanged.raise();
+}
+
+void ListView::tellShown() {
     shownLabel_->setText(suffixed(automation::decimal(static_cast<std::int64_t>(shownCount())), u" of ") +
                          automation::decimal(static_cast<std::int64_t>(count())));
-    onSelectionChanged.raise();
 }
 
 std::u16string ListView::cellText(std::size_t viewRow, std::size_t column) {

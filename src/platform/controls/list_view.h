@@ -31,6 +31,14 @@ namespace quorel::controls {
 /// The values are the mode's numbers.
 enum class LinkMode : std::uint8_t { Source = 0, Link = 1, Target = 2 };
 
+/// Which rows are checked: the owner keeps it.
+class RowChecks {
+  public:
+    virtual ~RowChecks() = default;
+    [[nodiscard]] virtual bool isChecked(const automation::Object& row) const = 0;
+    virtual void setChecked(const automation::Object& row, bool checked) = 0;
+};
+
 /// A list whose rows are repository objects. A row costs its reference and a few bytes; a row object is asked
 /// nothing until its row is seen, sorted, filtered or searched.
 ///
@@ -109,6 +117,18 @@ class ListView : public ui::Panel, private ui::RowSource {
     /// The rows that the filter lets through; all of them when there is none.
     [[nodiscard]] std::size_t shownCount() const noexcept { return view_.size(); }
 
+    /// The object at that place in the order of the rows, also of those that the filter hides.
+    [[nodiscard]] automation::Object objectAt(std::size_t place) const;
+
+    /// A check box before each row, which a click and, of the selected row, Space change; none for null.
+    /// `checks` must outlive the list or be taken away. The user checks all or none of the rows that are
+    /// shown by entries of the context menu, Ctrl+A and Ctrl+Shift+A.
+    void setChecks(RowChecks* checks);
+    static constexpr ui::KeyChord kCheckAll{ui::key('A'), ui::Modifiers::Control};
+    static constexpr ui::KeyChord kCheckNone{ui::key('A'), ui::Modifiers::Control | ui::Modifiers::Shift};
+    /// All rows that the filter lets through.
+    void checkAll(bool checked);
+
     /// The picture before every row, by its key; none for "". `images` come in the size of lists.
     void setIcons(std::shared_ptr<ui::ImageList> images, std::u16string_view key);
     [[nodiscard]] const std::u16string& icon() const noexcept { return icon_; }
@@ -120,6 +140,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     ui::Event<> onDoubleClick;  ///< also Enter on the selected row
     /// `selectedObject` may be another one now, whoever changed it. Comes before `onClick`.
     ui::Event<> onSelectionChanged;
+    ui::Event<> onCheck;         ///< the user has checked rows, or no longer
     ui::Event<> onCountChanged;  ///< `count` or `shownCount` may be different now, whoever changed it
     /// A visible cell could not be read; it shows a mark. Comes once a fill, from the message loop.
     ui::Event<const automation::Error&> onCellError;
@@ -157,6 +178,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     [[nodiscard]] std::u16string cellText(std::size_t viewRow, std::size_t column) override;
     void prepareRows(std::size_t first, std::size_t last) override;
     [[nodiscard]] std::u16string rowPicture(std::size_t /*viewRow*/) override { return icon_; }
+    [[nodiscard]] bool isChecked(std::size_t viewRow) override;
     void boundsChanged() override;
     void cellFailed(const automation::Error& error);
     /// The whole text of a cell, "" when it cannot be read.
@@ -191,6 +213,9 @@ class ListView : public ui::Panel, private ui::RowSource {
     void find(const std::u16string& text, std::size_t start, std::optional<std::size_t>& found) const;
     void filterChanged();
     [[nodiscard]] bool matches(const automation::Object& object, std::u16string_view folded) const;
+    void toggleCheck(std::size_t viewRow);
+    [[nodiscard]] bool keyForChecks(ui::KeyChord chord);
+    void tellShown();
     void copyRows(std::size_t first, std::size_t last);
     void buildMenu();
     void prepareMenu();
@@ -205,6 +230,7 @@ class ListView : public ui::Panel, private ui::RowSource {
     RowStore rows_;
     RowView view_;
     ListColumns columns_;
+    RowChecks* checks_ = nullptr;
     CellCache cache_;
     std::map<std::u16string, ui::Twips> userWidths_;
     std::u16string filter_;  // folded

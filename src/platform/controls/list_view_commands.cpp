@@ -35,13 +35,21 @@ void ListView::buildMenu() {
     sort.add(u"SortNone", u"&Not sorted").onClick.connect([this] {
         sortBy(sortColumn_, ui::SortOrder::None);
     });
+    menu.addSeparator();
+    menu.add(u"CheckAll", u"Chec&k all", kCheckAll).onClick.connect([this] { checkAll(true); });
+    menu.add(u"CheckNone", u"Check &none", kCheckNone).onClick.connect([this] { checkAll(false); });
     list_->onContextMenu.connect([this] { prepareMenu(); });
+    prepareMenu();
 }
 
 void ListView::prepareMenu() {
     const ui::Menu& menu = list_->contextMenu();
     menu.find(u"Copy")->setEnabled(selectedRow().has_value());
     menu.find(u"CopyAll")->setEnabled(shownCount() > 0);
+    for (const std::u16string_view entry : {u"CheckAll", u"CheckNone"}) {
+        menu.find(entry)->setVisible(checks_ != nullptr);
+        menu.find(entry)->setEnabled(shownCount() > 0);
+    }
     menu.find(u"Sort")->setEnabled(columns_.size() > 0);
     menu.find(u"SortAscending")->setChecked(sortOrder_ == ui::SortOrder::Ascending);
     menu.find(u"SortDescending")->setChecked(sortOrder_ == ui::SortOrder::Descending);
@@ -57,7 +65,7 @@ void ListView::keyInList(ui::KeyEvent& event) {
     else if (event.chord == KeyChord{Key::Escape} && filterBox_->isVisible())
         closeFilter();
     else
-        event.handled = false;
+        event.handled = keyForChecks(event.chord);
 }
 
 void ListView::keyInFilter(ui::KeyEvent& event) {
@@ -77,6 +85,7 @@ void ListView::openFilter() {
         setFilterColumn(sortColumn_);
     filterBox_->setVisible(true);
     shownLabel_->setVisible(true);
+    tellShown();
     placeChildren();
     filterBox_->selectAll();
     filterBox_->focus();
