@@ -18,6 +18,7 @@
 #include "platform/win32/com/bridge.h"
 #include "platform/win32/com/com_ptr.h"
 #include "platform/win32/com/failures.h"
+#include "platform/win32/com/variants.h"
 
 namespace quorel::server {
 
@@ -72,6 +73,8 @@ inline void store(IDispatch*& variable, const Object& result) {
     old.reset();
 }
 inline void store(VARIANT& variable, const Value& result) {
+    if ((V_VT(&variable) & VT_BYREF) != 0)
+        return win32::storeThrough(variable, result);
     win32::Variant converted;
     win32::toVariant(result, *converted);
     ::VariantClear(&variable);
@@ -148,13 +151,22 @@ void callPortable(Self& self, Function function, Keep&& keep, Given... given) {
     [&]<std::size_t... I>(std::index_sequence<I...>) {
         std::tuple<Marshalled<Given, std::remove_cvref_t<std::tuple_element_t<I, Parameters>>>...> arguments(
             given...);
-        if constexpr (std::is_void_v<Result>) {
-            (self.*function)(std::get<I>(arguments).value...);
-            keep();
-        } else {
-            keep((self.*function)(std::get<I>(arguments).value...));
+        // What the member has changed by reference stays changed when it fails.
+        const auto storeBack = [&arguments] {
+            (detail::storeBackIfTaken<std::tuple_element_t<I, Parameters>>(std::get<I>(arguments)), ...);
+        };
+        try {
+            if constexpr (std::is_void_v<Result>) {
+                (self.*function)(std::get<I>(arguments).value...);
+                keep();
+            } else {
+                keep((self.*function)(std::get<I>(arguments).value...));
+            }
+        } catch (...) {
+            storeBack();
+            throw;
         }
-        (detail::storeBackIfTaken<std::tuple_element_t<I, Parameters>>(std::get<I>(arguments)), ...);
+        storeBack();
     }
     (std::index_sequence_for<Given...>());
 }

@@ -189,8 +189,14 @@ HRESULT NativeDispatch::invokeById(DISPID id, WORD flags, DISPPARAMS& parameters
             if (member == nullptr ? id < kFirstExtraId : !answers(*member, flags))
                 return DISP_E_MEMBERNOTFOUND;
             HostCall call(parameters);
-            automation::Value value =
-                keep_.invoke(static_cast<MemberId>(id), kindOf(flags, member, parameters), call.arguments());
+            automation::Value value;
+            try {
+                value = keep_.invoke(static_cast<MemberId>(id), kindOf(flags, member, parameters),
+                                     call.arguments());
+            } catch (...) {
+                call.writeBack();
+                throw;
+            }
             call.writeBack();
             toVariant(std::move(value), *answer);
         }

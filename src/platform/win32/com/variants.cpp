@@ -23,6 +23,7 @@ using automation::ValueKind;
 namespace numbers = automation::error_number;
 
 constexpr std::int32_t kNotAutomation = 430;
+constexpr std::int32_t kArrayIsFixed = 10;
 
 void checkConversion(HRESULT status) {
     if (FAILED(status))
@@ -152,8 +153,21 @@ SAFEARRAY* makeArray(const Array& values) {
     return array.release();
 }
 
+/// Into a variable that holds arrays of one type. One that is in use, or whose size is fixed, is error 10.
+void assignArray(SAFEARRAY*& variable, Variant&& value) {
+    if (variable != nullptr) {
+        if ((variable->fFeatures & FADF_FIXEDSIZE) != 0)
+            throw Error(kArrayIsFixed);
+        checkConversion(::SafeArrayDestroy(variable));
+    }
+    variable = V_ARRAY(value.get());
+    static_cast<void>(value.release());
+}
+
 void assignReference(const VARIANT& reference, Variant&& value) {
     const auto type = static_cast<VARTYPE>(V_VT(&reference) & ~VT_BYREF);
+    if ((type & VT_ARRAY) != 0 && V_VT(value.get()) == type)
+        return assignArray(*V_ARRAYREF(&reference), std::move(value));
     if (V_VT(value.get()) != type)
         checkConversion(::VariantChangeType(value.get(), value.get(), 0, type));
     switch (type) {

@@ -4,12 +4,9 @@
 // The shell's headers are complete only behind the system's.
 #include <shlobj.h>
 
-#include <array>
-#include <memory>
-#include <type_traits>
-
 #include "platform/win32/system_error.h"
 #include "platform/win32/text.h"
+#include "platform/win32/ui/folder_dialog.h"
 #include "platform/win32/ui/modal_lock.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/services.h"
@@ -20,11 +17,6 @@ namespace {
 
 constexpr std::size_t kLongestPath = 32'768;
 constexpr std::size_t kMostUnits = 260;
-
-struct FreeTaskMemory {
-    void operator()(void* memory) const noexcept { ::CoTaskMemFree(memory); }
-};
-using ItemList = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTaskMemory>;
 
 /// A proposed name must be one; a path is proposed by its last part.
 [[nodiscard]] std::u16string proposal(const std::u16string& fileName) {
@@ -82,12 +74,6 @@ using ShowDialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
     return std::nullopt;
 }
 
-int CALLBACK selectFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
-    if (message == BFFM_INITIALIZED && folder != 0)
-        ::SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
-    return 0;
-}
-
 }  // namespace
 
 std::optional<std::u16string> WindowsFileDialogs::openFile(const Request& request) {
@@ -99,23 +85,14 @@ std::optional<std::u16string> WindowsFileDialogs::saveFile(const Request& reques
 }
 
 std::optional<std::u16string> WindowsFileDialogs::chooseFolder(const Request& request) {
-    const auto services = desktop_.services();
-    const NativeScope scope(services->controls);
-    const std::u16string title = shownLine(request.title, kMostUnits);
-    BROWSEINFOW dialog{};
-    dialog.hwndOwner = ::GetActiveWindow();
-    dialog.lpszTitle = title.empty() ? nullptr : wide(title);
-    dialog.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
-    if (!request.folder.empty()) {
-        dialog.lpfn = &selectFolder;
-        dialog.lParam = reinterpret_cast<LPARAM>(wide(request.folder));
-    }
-    const ModalLock lock(dialog.hwndOwner);
-    const ItemList chosen(::SHBrowseForFolderW(&dialog));
-    std::array<wchar_t, MAX_PATH> path{};
-    if (!chosen || ::SHGetPathFromIDListW(chosen.get(), path.data()) == FALSE)
-        return std::nullopt;
-    return std::u16string(narrowView(path.data()));
+    return folderDialog(desktop_, {request.title, request.folder, BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE});
+}
+
+std::optional<std::u16string> WindowsFileDialogs::browse(std::u16string_view title, bool offersNewFolder) {
+    constexpr UINT kFolders = BIF_RETURNONLYFSDIRS | BIF_DONTGOBELOWDOMAIN | BIF_RETURNFSANCESTORS;
+    FolderRequest request{std::u16string(title), {}, kFolders | (offersNewFolder ? BIF_NEWDIALOGSTYLE : 0U)};
+    request.isOwned = false;
+    return folderDialog(desktop_, request);
 }
 
 }  // namespace quorel::win32
