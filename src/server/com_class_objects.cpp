@@ -8,7 +8,8 @@
 namespace quorel::server {
 
 std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& registry) {
-    return {uuidGeneratorClass(registry), sixPaneClass(registry),        nameEditClass(registry),
+    return {uuidGeneratorClass(registry), blobClass(registry),           directoryChooserClass(registry),
+            selectItemClass(registry),    sixPaneClass(registry),        nameEditClass(registry),
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
             progressBarClass(registry),   explorerClass(registry),       settingsClass(registry),
             settingEntryClass(registry),  optionsClass(registry),        fileSelectorClass(registry),

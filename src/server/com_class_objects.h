@@ -9,6 +9,8 @@ namespace quorel::server {
 
 // One function per public class: what the platform has to know of it. Objects come from `registry`, which has
 // the class already; from now on they have their published interface.
+[[nodiscard]] win32::ComClass blobClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass directoryChooserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass fileSelectorClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass fileTypesClass(const automation::ClassRegistry& registry);
@@ -19,6 +21,7 @@ namespace quorel::server {
 [[nodiscard]] win32::ComClass progressBarClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass progressClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass propertyEditorClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass selectItemClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass settingEntryClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass settingsClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass sixPaneClass(const automation::ClassRegistry& registry);

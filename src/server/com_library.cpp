@@ -26,6 +26,8 @@ Library::Library()
                    .settings = settings_,
                    .fileDialogs = &fileDialogs_,
                    .valuePickers = &valuePickers_,
+                   .pictureObjects = &pictureObjects_,
+                   .folderBrowser = &fileDialogs_,
                    .libraryFolder = win32::thisModuleFolder()},
       module_(classesOf(environment_), publicTypeLibrary()) {}
 

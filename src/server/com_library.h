@@ -7,6 +7,7 @@
 #include "platform/win32/ui/windows_clock.h"
 #include "platform/win32/ui/windows_desktop.h"
 #include "platform/win32/ui/windows_file_dialogs.h"
+#include "platform/win32/ui/windows_picture_objects.h"
 #include "platform/win32/ui/windows_value_pickers.h"
 
 namespace quorel::server {
@@ -26,6 +27,7 @@ class Library {
     win32::WindowsClock clock_;
     win32::WindowsFileDialogs fileDialogs_;
     win32::WindowsValuePickers valuePickers_;
+    win32::WindowsPictureObjects pictureObjects_;
     automation::ClassRegistry classes_;
     frame::Environment environment_;
     win32::ComModule module_;

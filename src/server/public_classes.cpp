@@ -1,11 +1,14 @@
 #include "server/public_classes.h"
 
+#include "dialogs/directory_chooser.h"
 #include "dialogs/name_edit.h"
 #include "dialogs/progress.h"
 #include "dialogs/progress_bar.h"
 #include "dialogs/property_editor.h"
+#include "dialogs/select_item.h"
 #include "explorer/explorer.h"
 #include "explorer/ht_explorer.h"
+#include "frame/blob.h"
 #include "frame/uuid_generator.h"
 #include "matrix/matrix_browser.h"
 #include "platform/controls/file_selection.h"
@@ -21,6 +24,11 @@ void registerPublicClasses(const frame::Environment& environment) {
     using automation::Object;
     environment.classes.add(u"QuorelUtility.UUIDGenerator",
                             [environment] { return Object(make<frame::UUIDGenerator>(environment.clock)); });
+    environment.classes.add(u"QuorelUtility.Blob",
+                            [environment] { return Object(make<frame::Blob>(environment.pictureObjects)); });
+    environment.classes.add(u"QuorelUtility.DirectoryChooser", [environment] {
+        return Object(make<dialogs::DirectoryChooser>(environment.folderBrowser));
+    });
     environment.classes.add(u"QuorelUtility.NameEdit",
                             [environment] { return Object(make<dialogs::NameEdit>(environment)); });
     environment.classes.add(u"QuorelUtility.PropertyEditor",
@@ -29,6 +37,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<dialogs::Progress>(environment)); });
     environment.classes.add(u"QuorelUtility.ProgressBar",
                             [environment] { return Object(make<dialogs::ProgressBar>(environment)); });
+    environment.classes.add(u"QuorelUtility.SelectItem",
+                            [environment] { return Object(make<dialogs::SelectItem>(environment)); });
     environment.classes.add(u"QuorelUtility.SixPane",
                             [environment] { return Object(make<sixpane::SixPane>(environment)); });
     environment.classes.add(u"QuorelUtility.MatrixBrowser",

@@ -1,9 +1,8 @@
-' Classes of the contract that are not offered cannot be created.
+' Every class of the contract can be created, and nothing else.
 Option Explicit
 
 Dim name
-For Each name In Array("SelectItem", "HTExplorer", "Blob", _
-                       "DirectoryChooser", "Nothing")
+For Each name In Array("Nothing", "Standard", "CBoolean")
     On Error Resume Next
     CreateObject "QuorelUtility." & name
     If Err.Number <> 429 Then
@@ -13,6 +12,9 @@ For Each name In Array("SelectItem", "HTExplorer", "Blob", _
     Err.Clear
     On Error GoTo 0
 Next
-For Each name In Array("UUIDGenerator", "NameEdit", "Settings", "Options", "Explorer", "MatrixBrowser", "Progress", "ProgressBar", "PropertyEditor", "SixPane")
+For Each name In Array("UUIDGenerator", "NameEdit", "Settings", "Options", "Explorer", "MatrixBrowser", "Progress", "ProgressBar", "PropertyEditor", "SixPane", "HTExplorer", "SelectItem")
     CreateObject("QuorelUtility." & name).Destroy
+Next
+For Each name In Array("Blob", "DirectoryChooser", "SettingEntry")
+    CreateObject "QuorelUtility." & name
 Next

@@ -92,7 +92,10 @@ INSTANTIATE_TEST_SUITE_P(PublicClasses, ClassTables,
                                            PublicClass{"Settings", __uuidof(::ISettings)},
                                            PublicClass{"SettingEntry", __uuidof(::ISettingEntry)},
                                            PublicClass{"Options", __uuidof(::IOptions)},
-                                           PublicClass{"SixPane", __uuidof(::ISixPane)}),
+                                           PublicClass{"SixPane", __uuidof(::ISixPane)},
+                                           PublicClass{"Blob", __uuidof(::IBlob)},
+                                           PublicClass{"SelectItem", __uuidof(::ISelectItem)},
+                                           PublicClass{"DirectoryChooser", __uuidof(::IDirectoryChooser)}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
 }  // namespace

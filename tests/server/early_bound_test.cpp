@@ -311,13 +311,6 @@ TEST_F(EarlyBound, ProgressBarTakesItsNumbers) {
     EXPECT_EQ(progress->Destroy(), S_OK);
 }
 
-TEST_F(EarlyBound, ClassesThatAreNotThereYetAreNotAvailable) {
-    for (const GUID& clsid : {__uuidof(::SelectItem), __uuidof(::Blob), __uuidof(::DirectoryChooser)}) {
-        ComPtr<IClassFactory> factory;
-        EXPECT_EQ(dll.getClassObject(clsid, IID_IClassFactory, factory.outVoid()), CLASS_E_CLASSNOTAVAILABLE);
-    }
-}
-
 int windowsOfThread() {
     int count = 0;
     ::EnumThreadWindows(

@@ -14,12 +14,23 @@ namespace {
 
 using win32::ComPtr;
 
-const std::u16string_view kCreatable[] = {
-    u"QuorelUtility.UUIDGenerator",     u"QuorelUtility.NameEdit",     u"QuorelUtility.MatrixBrowser",
-    u"QuorelUtility.PropertyEditor",    u"QuorelUtility.SixPane",      u"QuorelUtility.Explorer",
-    u"QuorelUtility.HTExplorer",        u"QuorelUtility.Settings",     u"QuorelUtility.SettingEntry",
-    u"QuorelUtility.Options",           u"QuorelUtility.Progress",     u"QuorelUtility.ProgressBar",
-    u"VardekFileSelector.FileSelector", u"VardekFileAccess.c_FileType"};
+const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator",
+                                          u"QuorelUtility.NameEdit",
+                                          u"QuorelUtility.MatrixBrowser",
+                                          u"QuorelUtility.PropertyEditor",
+                                          u"QuorelUtility.SixPane",
+                                          u"QuorelUtility.Explorer",
+                                          u"QuorelUtility.HTExplorer",
+                                          u"QuorelUtility.Settings",
+                                          u"QuorelUtility.SettingEntry",
+                                          u"QuorelUtility.Options",
+                                          u"QuorelUtility.Progress",
+                                          u"QuorelUtility.ProgressBar",
+                                          u"QuorelUtility.Blob",
+                                          u"QuorelUtility.SelectItem",
+                                          u"QuorelUtility.DirectoryChooser",
+                                          u"VardekFileSelector.FileSelector",
+                                          u"VardekFileAccess.c_FileType"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
