@@ -22,6 +22,7 @@ namespace {
 constexpr std::u16string_view kTitle = u"Setup explorer";
 constexpr std::u16string_view kProperties = u"Properties";
 constexpr std::u16string_view kInstances = u"Instances";
+constexpr std::u16string_view kLinks = u"Links";
 /// The types of the metamodel itself: no entries at the top.
 constexpr std::array<std::u16string_view, 3> kMetaTypes{u"MetaLink", u"MetaNode", u"MetaProperty"};
 
@@ -96,25 +97,22 @@ class frmHTExplorer::Setup {
         return true;
     }
 
-    /// What the link has of its own over the list that leads to targets; the list that leads to sources.
+    /// What the link has of its own, over the links of both its ends: those to targets, those from sources.
     bool addLinkPane(const Object& metaLink, const std::u16string& name) {
         const std::u16string source = valueText(metaLink.get(u"source").toObject().get(name_));
         const std::u16string target = valueText(metaLink.get(u"target").toObject().get(name_));
         if (!goesOn())
             return false;
         const std::u16string id = joined(u"2 ", name);
-        HTExplorerPane* const pane = addPane(id, kLinkEntry, name, target);
+        HTExplorerPane* const pane = addPane(id, kLinkEntry, name, kLinks);
         if (pane == nullptr)
             return false;
-        const std::u16string sources = source != target ? source : source + u" (source)";
         pane->AddLinkProperty(name, {});
-        if (!goesOn())
-            return false;
-        pane->AddListView(u"Link-Target", name, kLinkEntry, {});
-        if (!goesOn())
-            return false;
-        pane->AddSubPane(sources);
-        pane->AddListView(u"Link-Source", name, kLinkEntry, sources);
+        for (const std::u16string_view view : {u"Link-Target", u"Link-Source"}) {
+            if (!goesOn())
+                return false;
+            pane->AddListView(view, name, kLinkEntry, {});
+        }
         form_.tree_.addLinkType(name, source, target, id);
         return true;
     }

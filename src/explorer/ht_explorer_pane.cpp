@@ -14,7 +14,7 @@ using controls::LinkEnd;
 using controls::TreeEntry;
 
 void HTExplorerPane::Resize() {
-    const ui::Rect area = window().tabs().clientBounds();
+    const ui::Rect area = window().tabs().pageArea();
     for (const auto& page : Panes())
         page->Pane->setBounds(area);
     ExplorerPane::Resize();

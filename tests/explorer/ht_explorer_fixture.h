@@ -80,7 +80,7 @@ class WatchedProgress final : public automation::NativeObject {
 ///
 ///     Property1(1) ListView1(1)        panes "Person", "0 Person"
 ///     Property1(2) ListView1(2)        panes "Company", "0 Company"
-///     Property1(3) ListView1(3) (4)    pane "2 WorksFor": to companies, to persons
+///     Property1(3) ListView1(3) (4)    pane "2 WorksFor": to companies, from persons
 ///     Property1(4) ListView1(5) (6)    pane "2 Knows"
 struct HTExplorerTest : ::testing::Test {
     using Texts = std::vector<std::u16string>;

@@ -30,16 +30,10 @@ TEST_F(HTSetup, PanesHoldWhatTheirKindShows) {
     };
     EXPECT_EQ(controls(u"Person", 0), Texts{u"Property  Person"});
     EXPECT_EQ(controls(u"0 Person", 0), Texts{u"ListView Extension Person"});
-    EXPECT_EQ(controls(u"2 WorksFor", 0), (Texts{u"Property  WorksFor", u"ListView Link-Target WorksFor"}));
-    EXPECT_EQ(controls(u"2 WorksFor", 1), Texts{u"ListView Link-Source WorksFor"});
-    const auto captions = [this](std::u16string_view pane) {
-        Texts texts;
-        for (const auto& page : form().Panes(pane).Panes())
-            texts.push_back(page->Caption);
-        return texts;
-    };
-    EXPECT_EQ(captions(u"2 WorksFor"), (Texts{u"Company", u"Person"}));
-    EXPECT_EQ(captions(u"2 Knows"), (Texts{u"Person", u"Person (source)"})) << "both ends are of one type";
+    EXPECT_EQ(controls(u"2 WorksFor", 0), (Texts{u"Property  WorksFor", u"ListView Link-Target WorksFor",
+                                                 u"ListView Link-Source WorksFor"}));
+    for (const char16_t* pane : {u"Person", u"0 Person", u"2 WorksFor", u"2 Knows"})
+        EXPECT_EQ(form().Panes(pane).Panes().size(), 1U);
 }
 
 TEST_F(HTSetup, EveryMetaNodeIsAnEntryAtTheTop) {

@@ -14,9 +14,16 @@ class Page final : public ui::Panel {
 
 ui::Panel& IndexTab::addPage(std::u16string_view name) {
     Page& page = add<Page>(name);
-    page.setBounds(clientBounds());
+    page.setBounds(pageArea());
     pages_.push_back(&page);
     return page;
+}
+
+/// Measuring takes the platform a window; there may be thousands of pages.
+const ui::Rect& IndexTab::pageArea() {
+    if (!area_)
+        area_ = clientBounds();
+    return *area_;
 }
 
 void IndexTab::hideTabs() {
@@ -32,9 +39,9 @@ void IndexTab::showTab(std::size_t index, std::u16string_view caption) {
 }
 
 void IndexTab::boundsChanged() {
-    const ui::Rect area = clientBounds();
+    area_ = clientBounds();
     for (ui::Panel* const page : pages_)
-        page->setBounds(area);
+        page->setBounds(*area_);
 }
 
 }  // namespace quorel::controls

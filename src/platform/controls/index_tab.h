@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,8 @@ class IndexTab : public ui::TabStrip {
 
     /// A page, invisible until its owner shows it, and always as large as the area for pages.
     ui::Panel& addPage(std::u16string_view name);
+    /// That area: `clientBounds`, measured when the control was last given another size.
+    [[nodiscard]] const ui::Rect& pageArea();
     void hideTabs();
     /// Makes the tab visible under that caption; there are as many tabs as were ever shown.
     void showTab(std::size_t index, std::u16string_view caption);
@@ -24,6 +27,7 @@ class IndexTab : public ui::TabStrip {
     void boundsChanged() override;
 
     std::vector<ui::Panel*> pages_;
+    std::optional<ui::Rect> area_;
 };
 
 }  // namespace quorel::controls
