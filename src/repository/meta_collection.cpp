@@ -52,7 +52,9 @@ std::unique_ptr<automation::Enumerator> MetaCollection::enumerate() {
 }
 
 Object MetaCollection::item(const Value& key) const {
-    if (const auto position = positionOf(key, count()))
+    // A name needs no count, which takes the longer the more there are.
+    const bool isName = key.kind() == automation::ValueKind::String;
+    if (const auto position = positionOf(key, isName ? 0 : count()))
         return repository_->metaObject(
             repository_->store().metas(scope_).at(static_cast<std::size_t>(*position)), scope_.kind);
     const std::u16string name = key.toString();
