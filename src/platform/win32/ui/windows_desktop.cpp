@@ -114,6 +114,15 @@ ui::Rect WindowsDesktop::workArea() {
 }
 
 ui::Size WindowsDesktop::textSize(std::u16string_view line) {
+    constexpr std::uint64_t kMoment = 100;
+    const std::uint64_t now = ::GetTickCount64();
+    const std::lock_guard lock(measuring_);
+    if (last_.line != line || now - last_.milliseconds > kMoment)
+        last_ = {std::u16string(line), measured(line), now};
+    return last_.size;
+}
+
+ui::Size WindowsDesktop::measured(std::u16string_view line) const {
     const NativeScope scope(services_->controls);
     const std::int32_t dpi = primaryDpi();
     const MemoryDc dc(::CreateCompatibleDC(nullptr));

@@ -2,8 +2,10 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,7 +47,18 @@ class WindowsDesktop : public ui::Desktop {
     [[nodiscard]] const std::shared_ptr<Services>& services() const noexcept { return services_; }
 
   private:
+    /// Thousands of controls that are laid out one after the other ask for the same line. What was measured
+    /// holds for a moment, in which the user changes no font.
+    struct MeasuredLine {
+        std::u16string line;
+        ui::Size size;
+        std::uint64_t milliseconds = 0;  ///< when
+    };
+    [[nodiscard]] ui::Size measured(std::u16string_view line) const;
+
     std::shared_ptr<Services> services_;
+    std::mutex measuring_;
+    MeasuredLine last_;
 };
 
 }  // namespace quorel::win32
