@@ -1,6 +1,7 @@
 # Settings and functions that every room of the tree uses.
 
 option(QUOREL_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+option(QUOREL_FUZZ "Build the fuzzers, with clang" OFF)
 option(QUOREL_BENCHMARKS "Build the benchmarks" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -20,6 +21,12 @@ if(QUOREL_SANITIZE)
     # Instrumented code makes GCC see uses of members of unions that no way leads to; the other presets do warn.
     target_compile_options(quorel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                     -fno-omit-frame-pointer -O1 -g1 -Wno-maybe-uninitialized)
+    target_link_options(quorel_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUOREL_FUZZ)
+    # The house's compiler is GCC; what only clang warns about is no error here.
+    target_compile_options(quorel_options INTERFACE -Wno-error -fsanitize=fuzzer-no-link,address,undefined
+                                                    -fno-sanitize-recover=all -O1 -g1)
     target_link_options(quorel_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(WIN32)
