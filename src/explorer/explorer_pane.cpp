@@ -108,6 +108,11 @@ void ExplorerPane::place(subPane& page, ExplorerControl control, Twips height, I
 
 void ExplorerPane::AddListView(std::u16string_view view, std::u16string_view metaobject,
                                std::u16string_view listIcon, std::u16string_view subPaneCaption) {
+    addListOf(view, metaobject, {}, listIcon, subPaneCaption);
+}
+
+void ExplorerPane::addListOf(std::u16string_view view, std::u16string_view metaobject, Object type,
+                             std::u16string_view listIcon, std::u16string_view subPaneCaption) {
     subPane& page = target(subPaneCaption);
     auto& list = page.Pane->add<controls::ListView>(window_->nextElement(u"ListView1"), window_->desktop());
     ExplorerControl control = described(ControlKind::ListView, list);
@@ -116,11 +121,13 @@ void ExplorerPane::AddListView(std::u16string_view view, std::u16string_view met
     control.icon = listIcon;
     place(page, control, kListHeight, [&] {
         list.empty();
-        const Object repository = window_->Repository();
+        const auto typeIn = [&](std::u16string_view collection) {
+            return type ? type : Object(window_->Repository()).get(collection, control.metatype).toObject();
+        };
         if (control.view == kExtension)
-            list.fillWithExtension(repository.get(u"MetaNodes", control.metatype).toObject(), true);
+            list.fillWithExtension(typeIn(u"MetaNodes"), true);
         else if (const auto mode = linkModeOf(control.view))
-            list.setMetaLink(repository.get(u"MetaLinks", control.metatype).toObject(), *mode);
+            list.setMetaLink(typeIn(u"MetaLinks"), *mode);
         if (!control.icon.empty())
             list.setIcons(window_->smallImages(), control.icon);
         connectList(page, list);
@@ -128,10 +135,10 @@ void ExplorerPane::AddListView(std::u16string_view view, std::u16string_view met
 }
 
 void ExplorerPane::AddProperty(std::u16string_view metatype, std::u16string_view subPaneCaption) {
-    addPropertyOf(u"MetaNodes", metatype, subPaneCaption);
+    addPropertyOf(metatype, {}, subPaneCaption);
 }
 
-void ExplorerPane::addPropertyOf(std::u16string_view collection, std::u16string_view metatype,
+void ExplorerPane::addPropertyOf(std::u16string_view metatype, Object type,
                                  std::u16string_view subPaneCaption) {
     subPane& page = target(subPaneCaption);
     const frame::Environment& world = window_->environment();
@@ -142,7 +149,8 @@ void ExplorerPane::addPropertyOf(std::u16string_view collection, std::u16string_
     place(page, control, 0_tw, [&] {
         property.initialise();
         property.setPath(window_->Path);
-        property.setMetaObject(Object(window_->Repository()).get(collection, control.metatype).toObject());
+        property.setMetaObject(
+            type ? type : Object(window_->Repository()).get(u"MetaNodes", control.metatype).toObject());
         property.build();
         const ui::Rect bounds = property.bounds();
         property.setBounds({bounds.left, bounds.top, bounds.width, property.neededHeight()});

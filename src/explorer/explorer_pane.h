@@ -87,8 +87,11 @@ class ExplorerPane {
     virtual void fill(const ExplorerControl& control, const controls::TreeEntry& entry);
     /// Comes when all of them show it.
     virtual void filled() {}
-    /// Adds the properties of what that entry of the repository's collection is the type of.
-    void addPropertyOf(std::u16string_view collection, std::u16string_view metatype,
+    /// What `AddListView` and `AddProperty` do, for whoever has the type at hand; Nothing is looked up by its
+    /// name.
+    void addListOf(std::u16string_view view, std::u16string_view metaobject, automation::Object type,
+                   std::u16string_view listIcon, std::u16string_view subPaneCaption);
+    void addPropertyOf(std::u16string_view metatype, automation::Object type,
                        std::u16string_view subPaneCaption);
     void fillLinks(const ExplorerControl& control, const automation::Object& node);
 

@@ -82,17 +82,17 @@ class frmHTExplorer::Setup {
         return static_cast<HTExplorerPane*>(form_.AddPane(id, icon, name, subPane));
     }
 
-    bool addNodePanes(const Object& /*metaNode*/, const std::u16string& name) {
+    bool addNodePanes(const Object& metaNode, const std::u16string& name) {
         HTExplorerPane* const one = addPane(name, name, name, kProperties);
         if (one == nullptr)
             return false;
-        one->AddProperty(name, {});
+        one->AddPropertyOf(metaNode, name);
         if (!goesOn())
             return false;
         HTExplorerPane* const all = addPane(joined(u"0 ", name), kNodeEntry, name, kInstances);
         if (all == nullptr)
             return false;
-        all->AddListView(u"Extension", name, kNodeEntry, {});
+        all->AddListOf(u"Extension", metaNode, name, kNodeEntry);
         form_.tree_.addNodeType(name, name);
         return true;
     }
@@ -107,11 +107,11 @@ class frmHTExplorer::Setup {
         HTExplorerPane* const pane = addPane(id, kLinkEntry, name, kLinks);
         if (pane == nullptr)
             return false;
-        pane->AddLinkProperty(name, {});
+        pane->AddPropertyOf(metaLink, name);
         for (const std::u16string_view view : {u"Link-Target", u"Link-Source"}) {
             if (!goesOn())
                 return false;
-            pane->AddListView(view, name, kLinkEntry, {});
+            pane->AddListOf(view, metaLink, name, kLinkEntry);
         }
         form_.tree_.addLinkType(name, source, target, id);
         return true;

@@ -11,9 +11,13 @@ namespace quorel::explorer {
 /// filled.
 class HTExplorerPane final : public ExplorerPane {
   public:
-    /// The properties of links of that meta link.
-    void AddLinkProperty(std::u16string_view metaLink, std::u16string_view subPaneCaption) {
-        addPropertyOf(u"MetaLinks", metaLink, subPaneCaption);
+    /// As `AddProperty` and `AddListView` on the default sub pane, of a meta node or meta link and its name.
+    void AddPropertyOf(const automation::Object& type, std::u16string_view name) {
+        addPropertyOf(name, type, {});
+    }
+    void AddListOf(std::u16string_view view, const automation::Object& type, std::u16string_view name,
+                   std::u16string_view listIcon) {
+        addListOf(view, name, type, listIcon, {});
     }
     /// Gives its sub panes the room inside the tabs first.
     void Resize() override;
