@@ -122,6 +122,7 @@ demo_in_virtual_display() {
     [[ $status == 0 ]] || return "$status"
     demo_matrix
     demo_explorer
+    demo_ht_explorer
 }
 
 run_demo() {
