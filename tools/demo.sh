@@ -123,6 +123,7 @@ demo_in_virtual_display() {
     demo_matrix
     demo_explorer
     demo_ht_explorer
+    demo_selection
 }
 
 run_demo() {

@@ -73,6 +73,7 @@ outside_in_display() {
     matrix_tests
     property_tests
     options_tests
+    selection_tests
     hierarchy_tests
     # The last to come: it changes what the library holds.
     explorer_tests
