@@ -25,16 +25,18 @@ walk_hierarchy() {
     sleep 5
     show_hierarchy_entry
     hierarchy_picture 3-found
+    # The first one whose name has it in it.
+    local found step
+    found=$(spy frmHTExplorer items HierarchyTreeView1 100000 | grep '^\*' | awk '{ print $NF }')
     say "Along its links"
     xdotool key Escape
     sleep 0.3
     xdotool key Right
     sleep 1
-    open_in_hierarchy "Package/$demo_package/Package.Depends.Package"
-    click_in_hierarchy "Package/$demo_package/Package.Depends.Package"
+    open_in_hierarchy "Package/$found/Package.Depends.Package"
+    click_in_hierarchy "Package/$found/Package.Depends.Package"
     show_hierarchy_entry
     hierarchy_picture 4-meta-link
-    local step
     for step in 5-link 6-dependency; do
         xdotool key Down Right
         sleep 1
