@@ -120,8 +120,22 @@ blobs() {
     expect "blobs: its copy is the same" cmp docs/pictures/error-box.png "$base.out"
 }
 
+items_at_192() {
+    resolution 192
+    start_host selectitem-192 script_host samples/vbscript/selectitem.vbs "$(windows_path "$sample_repository")" Book
+    wait_for_form frmSelectItem
+    expect "items at 192 dpi: a box takes a click" click_box Persuasion
+    expect "items at 192 dpi: and is checked" items_count '1 of 18 checked'
+    picture_of selectitem-192
+    xdotool key Return
+    expect "items at 192 dpi: the host has it" host_says Persuasion
+    expect "items at 192 dpi: it ends without an error" host_ends_well 0
+    resolution 96
+}
+
 selection_tests() {
     checked_items
+    items_at_192
     plain_items
     folders
     blobs
