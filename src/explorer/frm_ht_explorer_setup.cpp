@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <unordered_map>
 
 #include "explorer/frm_ht_explorer.h"
 #include "frame/attempt.h"
@@ -66,7 +67,7 @@ class frmHTExplorer::Setup {
 
     bool forEach(std::u16string_view collection, std::u16string_view before, Step step) {
         for (const Object& type : automation::each(repository_.get(collection).toObject())) {
-            const std::u16string name = valueText(type.get(name_));
+            const std::u16string name = nameOf(type);
             if (!goesOn())
                 return false;
             form_.IncProgressBar(joined(before, name));
@@ -74,6 +75,15 @@ class frmHTExplorer::Setup {
                 return false;
         }
         return goesOn();
+    }
+
+    /// Types are asked for their names once, as ends of meta links, too: each time takes a repository a look
+    /// into its file.
+    [[nodiscard]] const std::u16string& nameOf(const Object& type) {
+        const auto known = names_.find(type.identity());
+        if (known != names_.end())
+            return known->second.name;
+        return names_.emplace(type.identity(), Named{type, valueText(type.get(name_))}).first->second.name;
     }
 
     /// Null if it failed, which has been reported.
@@ -99,8 +109,8 @@ class frmHTExplorer::Setup {
 
     /// What the link has of its own, over the links of both its ends: those to targets, those from sources.
     bool addLinkPane(const Object& metaLink, const std::u16string& name) {
-        const std::u16string source = valueText(metaLink.get(u"source").toObject().get(name_));
-        const std::u16string target = valueText(metaLink.get(u"target").toObject().get(name_));
+        const std::u16string& source = nameOf(metaLink.get(u"source").toObject());
+        const std::u16string& target = nameOf(metaLink.get(u"target").toObject());
         if (!goesOn())
             return false;
         const std::u16string id = joined(u"2 ", name);
@@ -123,10 +133,17 @@ class frmHTExplorer::Setup {
         return true;
     }
 
+    /// What keeps its identity for as long as it is remembered.
+    struct Named {
+        Object type;
+        std::u16string name;
+    };
+
     frmHTExplorer& form_;
     const Object repository_;
     const std::uint64_t releases_;
     const automation::Member name_{u"name"};
+    std::unordered_map<const void*, Named> names_;
 };
 
 void frmHTExplorer::SetupTree() {
