@@ -109,8 +109,9 @@ namespace {
     return _mm512_packus_epi16(_mm512_loadu_si512(text), _mm512_loadu_si512(text + 32));
 }
 
+/// As `valuesOf`, but lower-case digits are none.
 [[gnu::target("avx512bw"), gnu::always_inline]] inline __m512i upperCaseValuesOf(__m512i units) noexcept {
-    const __m512i decimal = _mm512_sub_epi8(
+    const __m512i decimal = _mm512_xor_si512(
         _mm512_subs_epu8(_mm512_add_epi8(units, _mm512_set1_epi8(static_cast<char>(0xFF - 0x39))),
                          _mm512_set1_epi8(6)),
         _mm512_set1_epi8(static_cast<char>(0xF0)));
@@ -190,6 +191,26 @@ namespace {
     _mm512_storeu_si512(bytes, _mm512_permutexvar_epi32(order, both));
 }
 
+[[gnu::target("avx512bw"), gnu::always_inline]] inline void decodeTwoBlocks64(const char16_t* text,
+                                                                              std::uint8_t* bytes) noexcept {
+    const __m512i weights = _mm512_set1_epi16(0x0110);
+    const __m512i order = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
+    const __m512i a = upperCaseValuesOf(packed128(text)), b = upperCaseValuesOf(packed128(text + 64));
+    const __m512i c = upperCaseValuesOf(packed128(text + 128)), d = upperCaseValuesOf(packed128(text + 192));
+    const __m512i any = _mm512_or_si512(_mm512_ternarylogic_epi32(a, b, c, 0xFE), d);
+    if (_mm512_test_epi8_mask(any, _mm512_set1_epi8(static_cast<char>(0xF0))) != 0) {
+        decodeBlock64(text, bytes);
+        decodeBlock64(text + 128, bytes + 64);
+        return;
+    }
+    const __m512i first =
+        _mm512_packus_epi16(_mm512_maddubs_epi16(a, weights), _mm512_maddubs_epi16(b, weights));
+    const __m512i second =
+        _mm512_packus_epi16(_mm512_maddubs_epi16(c, weights), _mm512_maddubs_epi16(d, weights));
+    _mm512_storeu_si512(bytes, _mm512_permutexvar_epi32(order, first));
+    _mm512_storeu_si512(bytes + 64, _mm512_permutexvar_epi32(order, second));
+}
+
 /// How many bytes' text comes before a place that a vector reaches without touching two lines of the cache;
 /// none if there is no such place.
 [[nodiscard]] std::size_t bytesUntilAligned(const char16_t* text) noexcept {
@@ -260,6 +281,8 @@ namespace {
     std::size_t done = bytesUntilAligned(text);
     if (done != 0)
         decodeBlock64(text, bytes);
+    for (; done + 128 <= count; done += 128)
+        decodeTwoBlocks64(text + done * 2, bytes + done);
     for (; done + 64 <= count; done += 64)
         decodeBlock64(text + done * 2, bytes + done);
     if (done < count)
