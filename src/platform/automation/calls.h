@@ -29,8 +29,9 @@ class Member {
     explicit Member(std::u16string name) : name_(std::move(name)) {}
 
     [[nodiscard]] const std::u16string& name() const noexcept { return name_; }
-    [[nodiscard]] MemberId idFor(const Object& object) const {
-        const void* const key = object.typeKey();
+    [[nodiscard]] MemberId idFor(const Object& object) const { return idFor(object, object.typeKey()); }
+    /// The same when the object's type key is known already.
+    [[nodiscard]] MemberId idFor(const Object& object, const void* key) const {
         return key != nullptr && key == typeKey_ ? id_ : resolve(object, key);
     }
 
@@ -40,6 +41,24 @@ class Member {
     std::u16string name_;
     mutable const void* typeKey_ = nullptr;
     mutable MemberId id_ = MemberId::Default;
+};
+
+/// An object whose type was proven before, for whoever reads several of its members: a proof may cost a
+/// quarter of a read. Refers to the object.
+class Typed {
+  public:
+    explicit Typed(const Object& object) : Typed(object, object.typeKey()) {}
+    Typed(const Object& object, const void* typeKey) noexcept : object_(object), typeKey_(typeKey) {}
+
+    [[nodiscard]] const Object& object() const noexcept { return object_; }
+    [[nodiscard]] const void* typeKey() const noexcept { return typeKey_; }
+    [[nodiscard]] MemberId idOf(const Member& member) const { return member.idFor(object_, typeKey_); }
+    template <class... Args>
+    [[nodiscard]] Value get(const Member& member, Args&&... arguments) const;
+
+  private:
+    const Object& object_;
+    const void* typeKey_;
 };
 
 inline Value Object::invoke(MemberId id, InvokeKind kind, std::span<Argument> arguments) const {
@@ -74,6 +93,11 @@ Value Object::get(std::u16string_view name, Args&&... arguments) const {
 template <class... Args>
 Value Object::get(const Member& member, Args&&... arguments) const {
     return call(member, std::forward<Args>(arguments)...);
+}
+
+template <class... Args>
+Value Typed::get(const Member& member, Args&&... arguments) const {
+    return detail::invokeWith(object_, idOf(member), InvokeKind::Call, std::forward<Args>(arguments)...);
 }
 
 template <class... Args>

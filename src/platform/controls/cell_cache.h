@@ -20,14 +20,20 @@ class CellCache {
 
     /// Good until the cache changes.
     [[nodiscard]] std::optional<std::u16string_view> find(std::size_t row, std::size_t column) const noexcept;
+    /// What was stored as the type of that row, good until the row or the cache changes; null when none was.
+    [[nodiscard]] const void* typeKey(std::size_t row) const noexcept;
+    void storeTypeKey(std::size_t row, const void* key);
     /// `text` is a string.
     void store(std::size_t row, std::size_t column, automation::Value text);
 
   private:
     struct Slot {
         std::size_t row = 0;
+        const void* typeKey = nullptr;
         std::vector<automation::Value> cells;  ///< empty where nothing is known
     };
+    [[nodiscard]] Slot& slotFor(std::size_t row);
+
     static constexpr std::size_t kFewestRows = 256;
     static constexpr std::size_t kMostRows = 4096;
 

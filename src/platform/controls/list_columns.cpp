@@ -8,6 +8,7 @@
 namespace quorel::controls {
 
 using automation::Object;
+using automation::Typed;
 using automation::Value;
 
 void ListColumns::reset(RowKind kind) {
@@ -71,10 +72,11 @@ Value ListColumns::endName(const Object& end) const {
 Value ListColumns::endProperty(const Object& end, Value name) const {
     if (!end)
         return std::u16string();
+    const Typed itsType(end);
     try {
         if (endAccess_ == Access::Unknown)
-            endAccess_ = knows(end, endProp_) ? Access::Prop : Access::GetProperty;
-        return end.get(endAccess_ == Access::Prop ? endProp_ : endGetProperty_, std::move(name));
+            endAccess_ = knows(itsType, endProp_) ? Access::Prop : Access::GetProperty;
+        return itsType.get(endAccess_ == Access::Prop ? endProp_ : endGetProperty_, std::move(name));
     } catch (const automation::Error& error) {
         // The columns may be those of the other end's type.
         if (error.number() != automation::error_number::kMemberNotSupported)
@@ -83,7 +85,7 @@ Value ListColumns::endProperty(const Object& end, Value name) const {
     }
 }
 
-Value ListColumns::read(const Object& row, std::size_t column) const {
+Value ListColumns::read(const Typed& row, std::size_t column) const {
     switch (columns_[column].source) {
         case Source::Name:
             return row.get(name_);
@@ -107,9 +109,9 @@ Value ListColumns::read(const Object& row, std::size_t column) const {
     return row.get(access_ == Access::Prop ? prop_ : getProperty_, std::move(name));
 }
 
-bool ListColumns::knows(const Object& row, const automation::Member& member) {
+bool ListColumns::knows(const Typed& object, const automation::Member& member) {
     try {
-        static_cast<void>(member.idFor(row));
+        static_cast<void>(object.idOf(member));
         return true;
     } catch (const automation::Error& error) {
         if (error.number() != automation::error_number::kMemberNotSupported)

@@ -46,7 +46,7 @@ class ListColumns {
 
     /// Asks the row object for one cell: one call, and for the name of an end one more to that end. Throws
     /// what the object throws. The columns may have been replaced when it returns.
-    [[nodiscard]] automation::Value read(const automation::Object& row, std::size_t column) const;
+    [[nodiscard]] automation::Value read(const automation::Typed& row, std::size_t column) const;
     /// What tells two rows of this kind apart: `Identifier`, of meta objects `name`.
     [[nodiscard]] std::u16string keyOf(const automation::Object& row) const;
 
@@ -67,7 +67,7 @@ class ListColumns {
     void put(Column column);
     [[nodiscard]] automation::Value endName(const automation::Object& end) const;
     [[nodiscard]] automation::Value endProperty(const automation::Object& end, automation::Value name) const;
-    [[nodiscard]] static bool knows(const automation::Object& row, const automation::Member& member);
+    [[nodiscard]] static bool knows(const automation::Typed& object, const automation::Member& member);
 
     std::vector<Column> columns_;
     RowKind kind_ = RowKind::Nodes;

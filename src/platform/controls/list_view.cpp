@@ -220,7 +220,13 @@ std::u16string ListView::cellText(std::size_t viewRow, std::size_t column) {
     const Object row = rows_[view_.rowAt(viewRow)];
     automation::Value cell;
     try {
-        cell = columns_.read(row, column);
+        const void* typeKey = cache_.typeKey(viewRow);
+        if (typeKey == nullptr) {
+            typeKey = row.typeKey();
+            if (!overtaken)
+                cache_.storeTypeKey(viewRow, typeKey);
+        }
+        cell = columns_.read({row, typeKey}, column);
         makeDisplayText(cell);
     } catch (...) {
         cell = automation::Value(kUnreadableMark);
@@ -251,7 +257,7 @@ void ListView::cellFailed(const automation::Error& error) {
 
 std::u16string ListView::textOf(const Object& object, std::size_t column) const {
     try {
-        return valueText(columns_.read(object, column));
+        return valueText(columns_.read(automation::Typed(object), column));
     } catch (...) {
         return {};
     }

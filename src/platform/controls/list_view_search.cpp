@@ -53,7 +53,7 @@ void ListView::sortBy(std::size_t column, ui::SortOrder order) {
 
 SortKey ListView::keyOf(const Object& object, std::size_t column) const {
     try {
-        return SortKey(columns_.read(object, column));
+        return SortKey(columns_.read(automation::Typed(object), column));
     } catch (...) {
         return {};
     }

@@ -137,5 +137,25 @@ TEST(Member, KeepsItsIdForObjectsOfOneType) {
     EXPECT_EQ(errorNumber([&] { static_cast<void>(label.idFor(Object())); }), 91);
 }
 
+TEST(Member, ReadsThroughAProofThatWasMadeBefore) {
+    const Member label(u"Label");
+    const Member count(u"Count");
+    const Object sample = make<SampleDouble>();
+    const Object list = make<ListDouble>(std::vector<Value>{});
+    EXPECT_EQ(Typed(sample).get(label).toString(), u"sample");
+    EXPECT_EQ(Typed(list).get(count).toInteger(), 0);
+    EXPECT_EQ(Typed(sample).idOf(label), label.idFor(sample));
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(Typed(list).get(label)); }), 438);
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(Typed(Object()).get(label)); }), 91);
+}
+
+TEST(Member, ResolvesItsNameEachTimeWhereNothingIsProven) {
+    const Member label(u"Label");
+    const Object sample = make<SampleDouble>();
+    const Typed unproven(sample, nullptr);
+    EXPECT_EQ(unproven.get(label).toString(), u"sample");
+    EXPECT_EQ(unproven.idOf(label), label.idFor(sample));
+}
+
 }  // namespace
 }  // namespace quorel::automation
