@@ -125,11 +125,13 @@ void compareAt(std::size_t size) {
     };
     const HexCode fastest = quorel::frame::fastestHexCode();
     compareSpeed("encode", size, 1.0, encode(fastest), copy);
+    compareSpeed("  AVX2", size, 0, encode(std::min(fastest, HexCode::Avx2)), copy);
     compareSpeed("  SSSE3", size, 0, encode(std::min(fastest, HexCode::Ssse3)), copy);
     compareSpeed("  table", size, 0, often(size, [&] { encodeByTable(buffers.bytes, buffers.text); }), copy);
     compareSpeed("  digit by digit", size, 0,
                  often(size, [&] { encodeByDigits(buffers.bytes, buffers.text); }), copy);
     compareSpeed("decode", size, 0.75, decode(fastest), copy);
+    compareSpeed("  AVX2", size, 0, decode(std::min(fastest, HexCode::Avx2)), copy);
     compareSpeed("  SSSE3", size, 0, decode(std::min(fastest, HexCode::Ssse3)), copy);
     compareSpeed("  table", size, 0, often(size, [&] { decodeByTable(buffers.text, buffers.decoded); }),
                  copy);
