@@ -179,7 +179,7 @@ class TreeView : public ui::Panel {
     bool populated_ = false;
     bool refreshPosted_ = false;
     bool textFailureReported_ = false;  ///< since everything was read anew
-    std::uint64_t generation_ = 0;  ///< counts replacements of all entries
+    std::uint64_t generation_ = 0;      ///< counts replacements of all entries
     std::optional<automation::Error> failure_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
