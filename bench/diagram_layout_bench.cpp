@@ -300,7 +300,7 @@ int main() {
     const bool dot = std::system("command -v dot >/dev/null 2>&1") == 0;
     if (!dot)
         std::printf("dot is not installed (package graphviz): only our own figures\n");
-    for (std::uint64_t seed = 1; seed <= 3; ++seed)
+    for (std::uint64_t seed = 1; seed <= 10; ++seed)
         apart([&] { measure(100, 300, seed, Labels::None, {0.05, 1.15, 0}, dot); });
     apart([] { measure(100, 300, 1, Labels::All, {0.05, 0, 0}, false); });
     apart([] { measure(3000, 9000, 1, Labels::None, {5, 0, 0}, false); });

@@ -124,4 +124,32 @@ std::vector<bool> edgesToReverse(int nodes, const std::vector<Edge>& edges) {
     return reversed;
 }
 
+std::vector<bool> edgesToReverseInDepth(int nodes, const std::vector<Edge>& edges) {
+    enum class State { New, Open, Done };
+    const auto at = [](int number) { return static_cast<std::size_t>(number); };
+    const Adjacency out(nodes, edges.size(), [&](std::size_t e) { return edges[e].from; });
+    std::vector<State> states(at(nodes), State::New);
+    std::vector<std::size_t> next(at(nodes));
+    std::vector<bool> reversed(edges.size());
+    std::vector<int> way;
+    const auto enter = [&](int v) { states[at(v)] = State::Open, way.push_back(v); };
+    for (int start = 0; start < nodes; ++start) {
+        if (states[at(start)] == State::New)
+            enter(start);
+        while (!way.empty()) {
+            const int v = way.back();
+            if (next[at(v)] == out[at(v)].size()) {
+                states[at(v)] = State::Done, way.pop_back();
+                continue;
+            }
+            const int e = out[at(v)][next[at(v)]++], to = edges[at(e)].to;
+            if (states[at(to)] == State::New)
+                enter(to);
+            else
+                reversed[at(e)] = states[at(to)] == State::Open;
+        }
+    }
+    return reversed;
+}
+
 }  // namespace quorel::diagram::layout

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "diagram/layout/coordinates.h"
+#include "diagram/layout/crossings.h"
 #include "diagram/layout/ordering.h"
 #include "diagram/layout/ranks.h"
 #include "diagram/layout/routes.h"
@@ -43,33 +44,60 @@ class ComponentLayout {
 
     Extent run(Watch& watch, int from, int to) {
         const int width = to - from;
-        watch.enter(from, from + width / 10);
         const int boxes = static_cast<int>(component_.boxes.size());
-        const std::vector<bool> reversed = edgesToReverse(boxes, edges_);
-        for (std::size_t e = 0; e < edges_.size(); ++e) {
-            result_.reversed[at(lines_[e])] = reversed[e];
-            if (reversed[e])
-                std::swap(edges_[e].from, edges_[e].to);
-        }
-        std::vector<int> ranks = assignRanks(boxes, edges_, watch);
-        for (std::size_t i = 0; i < ranks.size(); ++i)
-            result_.ranks[at(component_.boxes[i])] = ranks[i];
-        // A rank between any two, for labels.
-        if (labelled_)
-            for (int& rank : ranks)
-                rank *= 2;
-        Layered graph(std::move(ranks), edges_);
-        watch.enter(from + width / 10, from + width * 9 / 10);
-        orderLayers(graph, watch);
-        watch.enter(from + width * 9 / 10, to);
-        measure(graph);
-        x_ = assignCoordinates(graph, reaches_, watch);
-        placeBands(graph);
-        write(graph);
+        // Which connections are turned round decides more about crossings than all that follows; where that
+        // is quick both ways are gone to the end.
+        const bool both = edges_.size() <= kSmall;
+        const int middle = from + width * (both ? 45 : 90) / 100, last = from + width * 9 / 10;
+        Candidate best = order(edgesToReverse(boxes, edges_), watch, from, middle);
+        if (both)
+            if (Candidate other = order(edgesToReverseInDepth(boxes, edges_), watch, middle, last);
+                other.crossings < best.crossings)
+                best = std::move(other);
+        edges_ = std::move(best.edges);
+        for (std::size_t e = 0; e < edges_.size(); ++e)
+            result_.reversed[at(lines_[e])] = best.reversed[e];
+        for (std::size_t i = 0; i < best.ranks.size(); ++i)
+            result_.ranks[at(component_.boxes[i])] = best.ranks[i];
+        watch.enter(last, to);
+        measure(best.graph);
+        x_ = assignCoordinates(best.graph, reaches_, watch);
+        placeBands(best.graph);
+        write(best.graph);
         return size_;
     }
 
   private:
+    static constexpr std::size_t kSmall = 500;
+
+    /// The component once it is known which edges are turned round.
+    struct Candidate {
+        std::vector<bool> reversed;
+        std::vector<Edge> edges;
+        std::vector<int> ranks;
+        Layered graph;
+        std::int64_t crossings;
+    };
+
+    [[nodiscard]] Candidate order(std::vector<bool> reversed, Watch& watch, int from, int to) const {
+        watch.enter(from, from + (to - from) / 10);
+        std::vector<Edge> edges = edges_;
+        for (std::size_t e = 0; e < edges.size(); ++e)
+            if (reversed[e])
+                std::swap(edges[e].from, edges[e].to);
+        const std::vector<int> ranks = assignRanks(static_cast<int>(component_.boxes.size()), edges, watch);
+        std::vector<int> layers = ranks;
+        // A rank between any two, for labels.
+        if (labelled_)
+            for (int& layer : layers)
+                layer *= 2;
+        Layered graph(std::move(layers), edges);
+        watch.enter(from + (to - from) / 10, to);
+        orderLayers(graph, watch);
+        const std::int64_t crossings = CrossingCounter().count(graph);
+        return {std::move(reversed), std::move(edges), ranks, std::move(graph), crossings};
+    }
+
     void read(int c) {
         const Connection& connection = diagram_.connections[at(c)];
         const auto local = [this](std::size_t box) {
