@@ -4,13 +4,17 @@
 demo_dir=$top/build/demo
 demo_repository=$demo_dir/debian.quorel
 
+package_lists=/var/lib/apt/lists
+
+fetch_index() {
+    compgen -G "$package_lists/*_Packages*" >/dev/null && return
+    say "Fetching the Debian package index (apt-get update)"
+    as_root apt-get update -q >"$logs/apt.log" 2>&1 || fail "apt-get update failed; its words are in $logs/apt.log"
+}
+
 import_index() {
-    local lists=/var/lib/apt/lists
-    if ! compgen -G "$lists/*_Packages*" >/dev/null; then
-        say "Fetching the Debian package index (apt-get update)"
-        as_root apt-get update -q >"$logs/apt.log" 2>&1 || fail "apt-get update failed; its words are in $logs/apt.log"
-    fi
-    [[ -f $demo_repository && ! $lists -nt $demo_repository ]] && return
+    fetch_index
+    [[ -f $demo_repository && ! $package_lists -nt $demo_repository ]] && return
     say "Importing the Debian package index"
     rm -f "$demo_repository"*
     build/native/bin/quorel-import --apt "$demo_repository" || fail "the index could not be imported"

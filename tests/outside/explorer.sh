@@ -120,14 +120,27 @@ packages_by_mouse() {
     expect "Alt+F4 closes the explorer" spy frmExplorer gone 1
 }
 
-# The smallest package list that the machine has.
-import_packages() {
+# The largest package list that knows libssl3: updates list few packages.
+list_of_packages() {
     local list
+    for list in $(ls -S "$package_lists"/*_Packages*); do
+        if /usr/lib/apt/apt-helper cat-file "$list" | grep -x 'Package: libssl3' >/dev/null; then
+            echo "$list"
+            return
+        fi
+    done
+    return 1
+}
+
+# Some of the packages that the machine knows of: libssl3, what needs it, and others before it.
+import_packages() {
+    local list wanted='NR <= 2000 || /^Package: (libssl3|libc6)\n/ || /\n(Pre-)?Depends:[^\n]*libssl3/'
     rm -rf "$outside_dir/lists" "$outside_dir/packages.quorel"*
     mkdir -p "$outside_dir/lists"
-    list=$(find /var/lib/apt/lists -name '*security*_Packages*' | head -n 1)
-    [[ -n $list ]] || return 1
-    cp "$list" "$outside_dir/lists/"
+    fetch_index
+    list=$(list_of_packages) || return 1
+    /usr/lib/apt/apt-helper cat-file "$list" | awk -v RS= -v ORS='\n\n' "$wanted" \
+        >"$outside_dir/lists/some_main_binary-amd64_Packages"
     build/native/bin/quorel-import --apt --lists "$outside_dir/lists" "$outside_dir/packages.quorel" \
         >"$logs/import-packages.log" 2>&1
 }
