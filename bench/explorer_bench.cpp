@@ -127,13 +127,23 @@ class Shown {
         view_.populate();
         desktop_.runPosted();
     }
-    /// Until the page is listed; its number follows from the message loop.
-    void open() { view_.tree().userExpands(view_.tree().firstChild(ui::TreeItemId::Root)); }
+    /// Until the page is listed and its seen lines are read; its number follows from the message loop.
+    void open() {
+        view_.tree().userExpands(view_.tree().firstChild(ui::TreeItemId::Root));
+        ui::TreeItemId item = view_.tree().firstChild(ui::TreeItemId::Root);
+        for (int line = 0; line < kSeenLines && item != ui::TreeItemId::None; ++line) {
+            units_ += view_.tree().itemText(item).size();
+            item = view_.tree().shownAfter(item);
+        }
+    }
 
   private:
     headless::HeadlessDesktop& desktop_;
     std::shared_ptr<ui::Form> form_;
     controls::TreeView& view_;
+    std::size_t units_ = 0;
+
+    static constexpr int kSeenLines = 33;
 };
 
 void benchExpansion(const StoredModel& model) {
