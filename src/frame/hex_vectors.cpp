@@ -28,21 +28,6 @@ namespace {
     _mm256_storeu_si256(out + 3, _mm256_srli_epi16(b, 8));
 }
 
-[[gnu::target("avx512bw"), gnu::always_inline]] inline void encodeBlocks(__m512i blocks,
-                                                                         char16_t* out) noexcept {
-    const __m512i digits = _mm512_broadcast_i32x4(
-        _mm_setr_epi8('0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'));
-    const __m512i low = _mm512_set1_epi8(0x0F), unit = _mm512_set1_epi32(0x00FF00FF);
-    const __m512i first = _mm512_shuffle_epi8(digits, _mm512_and_si512(_mm512_srli_epi16(blocks, 4), low));
-    const __m512i second = _mm512_shuffle_epi8(digits, _mm512_and_si512(blocks, low));
-    const __m512i a = _mm512_mask_blend_epi16(0xAAAAAAAA, first, _mm512_slli_epi32(second, 16));
-    const __m512i b = _mm512_mask_blend_epi16(0xAAAAAAAA, _mm512_srli_epi32(first, 16), second);
-    _mm512_storeu_si512(out, _mm512_and_si512(a, unit));
-    _mm512_storeu_si512(out + 32, _mm512_srli_epi16(a, 8));
-    _mm512_storeu_si512(out + 64, _mm512_and_si512(b, unit));
-    _mm512_storeu_si512(out + 96, _mm512_srli_epi16(b, 8));
-}
-
 [[gnu::target("ssse3"), gnu::always_inline]] inline void encodeBlocks(__m128i blocks, __m128i* out) noexcept {
     const __m128i digits =
         _mm_setr_epi8('0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F');
@@ -109,15 +94,26 @@ namespace {
     return _mm512_packus_epi16(_mm512_loadu_si512(text), _mm512_loadu_si512(text + 32));
 }
 
-/// As `valuesOf`, but lower-case digits are none.
-[[gnu::target("avx512bw"), gnu::always_inline]] inline __m512i upperCaseValuesOf(__m512i units) noexcept {
-    const __m512i decimal = _mm512_xor_si512(
-        _mm512_subs_epu8(_mm512_add_epi8(units, _mm512_set1_epi8(static_cast<char>(0xFF - 0x39))),
-                         _mm512_set1_epi8(6)),
-        _mm512_set1_epi8(static_cast<char>(0xF0)));
-    const __m512i letter =
-        _mm512_adds_epu8(_mm512_sub_epi8(units, _mm512_set1_epi8('A')), _mm512_set1_epi8(10));
-    return _mm512_min_epu8(decimal, letter);
+/// The values of upper-case digits. `others` gets bits where a unit is none.
+[[gnu::target("avx512bw"), gnu::always_inline]] inline __m512i upperCaseValuesOf(__m512i units,
+                                                                                 __m512i& others) noexcept {
+    constexpr int kOrDifference = 0xF6;  // a | (b ^ c)
+    const __m512i digits = _mm512_broadcast_i32x4(
+        _mm_setr_epi8('0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'));
+    const __mmask64 letters = _mm512_test_epi8_mask(units, _mm512_set1_epi8(0x40));
+    const __m512i values = _mm512_and_si512(_mm512_mask_add_epi8(units, letters, units, _mm512_set1_epi8(9)),
+                                            _mm512_set1_epi8(0x0F));
+    others = _mm512_ternarylogic_epi32(others, _mm512_shuffle_epi8(digits, values), units, kOrDifference);
+    return values;
+}
+
+/// Two vectors of values, a digit's in a byte, as the bytes they make.
+[[gnu::target("avx512bw"), gnu::always_inline]] inline __m512i joined(__m512i low, __m512i high) noexcept {
+    const __m512i weights = _mm512_set1_epi16(0x0110);
+    const __m512i order = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
+    const __m512i both =
+        _mm512_packus_epi16(_mm512_maddubs_epi16(low, weights), _mm512_maddubs_epi16(high, weights));
+    return _mm512_permutexvar_epi32(order, both);
 }
 
 [[gnu::target("ssse3"), gnu::always_inline]] inline void encodeBlock16(const std::uint8_t* bytes,
@@ -137,13 +133,29 @@ namespace {
                  reinterpret_cast<__m256i*>(text));
 }
 
+/// The text of two blocks of 16 bytes. A word of `pairs` holds a byte of the one below a byte of the other,
+/// each word twice, for its two digits.
+[[gnu::target("avx512bw"), gnu::always_inline]] inline void encodePairs(__m512i pairs,
+                                                                        char16_t* text) noexcept {
+    const __m512i digits = _mm512_broadcast_i32x4(
+        _mm_setr_epi8('0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'));
+    const __m512i nibbles =
+        _mm512_and_si512(_mm512_srlv_epi16(pairs, _mm512_set1_epi32(4)), _mm512_set1_epi8(0x0F));
+    const __m512i both = _mm512_shuffle_epi8(digits, nibbles);
+    _mm512_storeu_si512(text, _mm512_and_si512(both, _mm512_set1_epi16(0x00FF)));
+    _mm512_storeu_si512(text + 32, _mm512_srli_epi16(both, 8));
+}
+
 [[gnu::target("avx512bw"), gnu::always_inline]] inline void encodeBlock64(const std::uint8_t* bytes,
                                                                           char16_t* text) noexcept {
     const __m512i quarters = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
-    const __m512i order =
-        _mm512_broadcast_i32x4(_mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15));
+    const __m512i lower =
+        _mm512_broadcast_i32x4(_mm_setr_epi8(0, 4, 0, 4, 1, 5, 1, 5, 2, 6, 2, 6, 3, 7, 3, 7));
+    const __m512i upper =
+        _mm512_broadcast_i32x4(_mm_setr_epi8(8, 12, 8, 12, 9, 13, 9, 13, 10, 14, 10, 14, 11, 15, 11, 15));
     const __m512i block = _mm512_permutexvar_epi32(quarters, _mm512_loadu_si512(bytes));
-    encodeBlocks(_mm512_shuffle_epi8(block, order), text);
+    encodePairs(_mm512_shuffle_epi8(block, lower), text);
+    encodePairs(_mm512_shuffle_epi8(block, upper), text + 64);
 }
 
 [[gnu::target("ssse3"), gnu::always_inline]] inline void decodeBlock16(const char16_t* text,
@@ -177,38 +189,31 @@ namespace {
 
 [[gnu::target("avx512bw"), gnu::always_inline]] inline void decodeBlock64(const char16_t* text,
                                                                           std::uint8_t* bytes) noexcept {
-    const __m512i weights = _mm512_set1_epi16(0x0110);
-    const __m512i order = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
-    const __m512i low = upperCaseValuesOf(packed128(text));
-    const __m512i high = upperCaseValuesOf(packed128(text + 64));
-    if (_mm512_test_epi8_mask(_mm512_or_si512(low, high), _mm512_set1_epi8(static_cast<char>(0xF0))) != 0) {
+    __m512i others = _mm512_setzero_si512();
+    const __m512i low = upperCaseValuesOf(packed128(text), others);
+    const __m512i high = upperCaseValuesOf(packed128(text + 64), others);
+    if (_mm512_test_epi8_mask(others, others) != 0) {
         decodeBlock32(text, bytes);
         decodeBlock32(text + 64, bytes + 32);
         return;
     }
-    const __m512i both =
-        _mm512_packus_epi16(_mm512_maddubs_epi16(low, weights), _mm512_maddubs_epi16(high, weights));
-    _mm512_storeu_si512(bytes, _mm512_permutexvar_epi32(order, both));
+    _mm512_storeu_si512(bytes, joined(low, high));
 }
 
 [[gnu::target("avx512bw"), gnu::always_inline]] inline void decodeTwoBlocks64(const char16_t* text,
                                                                               std::uint8_t* bytes) noexcept {
-    const __m512i weights = _mm512_set1_epi16(0x0110);
-    const __m512i order = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
-    const __m512i a = upperCaseValuesOf(packed128(text)), b = upperCaseValuesOf(packed128(text + 64));
-    const __m512i c = upperCaseValuesOf(packed128(text + 128)), d = upperCaseValuesOf(packed128(text + 192));
-    const __m512i any = _mm512_or_si512(_mm512_ternarylogic_epi32(a, b, c, 0xFE), d);
-    if (_mm512_test_epi8_mask(any, _mm512_set1_epi8(static_cast<char>(0xF0))) != 0) {
+    __m512i others = _mm512_setzero_si512();
+    const __m512i a = upperCaseValuesOf(packed128(text), others);
+    const __m512i b = upperCaseValuesOf(packed128(text + 64), others);
+    const __m512i c = upperCaseValuesOf(packed128(text + 128), others);
+    const __m512i d = upperCaseValuesOf(packed128(text + 192), others);
+    if (_mm512_test_epi8_mask(others, others) != 0) {
         decodeBlock64(text, bytes);
         decodeBlock64(text + 128, bytes + 64);
         return;
     }
-    const __m512i first =
-        _mm512_packus_epi16(_mm512_maddubs_epi16(a, weights), _mm512_maddubs_epi16(b, weights));
-    const __m512i second =
-        _mm512_packus_epi16(_mm512_maddubs_epi16(c, weights), _mm512_maddubs_epi16(d, weights));
-    _mm512_storeu_si512(bytes, _mm512_permutexvar_epi32(order, first));
-    _mm512_storeu_si512(bytes + 64, _mm512_permutexvar_epi32(order, second));
+    _mm512_storeu_si512(bytes, joined(a, b));
+    _mm512_storeu_si512(bytes + 64, joined(c, d));
 }
 
 /// How many bytes' text comes before a place that a vector reaches without touching two lines of the cache;
@@ -247,7 +252,7 @@ namespace {
                                            char16_t* text) noexcept {
     std::size_t done = bytesUntilAligned(text);
     if (done != 0)
-        encodeBlock32(bytes, text);
+        encodeBlock16(bytes, text);
     for (; done + 32 <= count; done += 32)
         encodeBlock32(bytes + done, text + done * 2);
     if (done < count)
@@ -258,7 +263,7 @@ namespace {
                                            std::size_t count) noexcept {
     std::size_t done = bytesUntilAligned(text);
     if (done != 0)
-        decodeBlock32(text, bytes);
+        decodeBlock16(text, bytes);
     for (; done + 32 <= count; done += 32)
         decodeBlock32(text + done * 2, bytes + done);
     if (done < count)
@@ -269,7 +274,7 @@ namespace {
                                                  char16_t* text) noexcept {
     std::size_t done = bytesUntilAligned(text);
     if (done != 0)
-        encodeBlock64(bytes, text);
+        encodeBlock16(bytes, text);
     for (; done + 64 <= count; done += 64)
         encodeBlock64(bytes + done, text + done * 2);
     if (done < count)
@@ -280,7 +285,7 @@ namespace {
                                                  std::size_t count) noexcept {
     std::size_t done = bytesUntilAligned(text);
     if (done != 0)
-        decodeBlock64(text, bytes);
+        decodeBlock16(text, bytes);
     for (; done + 128 <= count; done += 128)
         decodeTwoBlocks64(text + done * 2, bytes + done);
     for (; done + 64 <= count; done += 64)
