@@ -19,10 +19,4 @@ bool arrangeDiagram(DiagramModel& model, const Measure& measure, const layout::P
 /// For boxes that stay where they are: fits the sizes and leads every connection straight from box to box.
 void connectStraight(DiagramModel& model, const Measure& measure);
 
-/// Moves a box; its connections follow. Linear in the number of connections unless `connections` tells those
-/// of the box.
-void moveBox(DiagramModel& model, std::size_t box, ui::Point leftTop);
-void moveBox(DiagramModel& model, std::size_t box, ui::Point leftTop,
-             const std::vector<std::size_t>& connections);
-
 }  // namespace quorel::diagram

@@ -30,6 +30,8 @@ struct Emphasis {
     std::ptrdiff_t hovered = -1;
 };
 
+class Painting;
+
 /// Draws a diagram. Only what a part of it needs is looked at, and texts are measured when they are first
 /// seen.
 class DiagramDrawing {
@@ -46,6 +48,8 @@ class DiagramDrawing {
 
     /// Draws what lies in `visible`, with the paper, as it looks at `scale`. The canvas has its view already.
     void draw(ui::Canvas& canvas, const ui::Rect& visible, double scale, const Emphasis& emphasis = {}) const;
+    /// All of it in full, on white: for paper and files.
+    void drawAll(ui::Canvas& canvas) const;
     /// Every box as a plain rectangle, and nothing else.
     void drawOverview(ui::Canvas& canvas) const;
 
@@ -53,14 +57,19 @@ class DiagramDrawing {
     [[nodiscard]] std::ptrdiff_t boxAt(ui::Point point) const;
     /// The connections that begin or end at that box, each once.
     [[nodiscard]] const std::vector<std::size_t>& connectionsOf(std::size_t box) const;
-    /// The boxes at their other ends, each once.
+    /// The other boxes at their ends, in order.
     [[nodiscard]] std::vector<std::size_t> neighboursOf(std::size_t box) const;
 
     [[nodiscard]] const DiagramModel& model() const noexcept { return *model_; }
 
   private:
-    class Painting;
+    class Weights;
 
+    void drawPart(ui::Canvas& canvas, const ui::Rect& visible, Detail detail, const Emphasis& emphasis,
+                  ui::Colour paper) const;
+    template <class IsTurn>
+    void drawConnections(Painting& painting, const std::vector<std::size_t>& connections,
+                         const Weights& weights, Detail detail, const IsTurn& isTurn) const;
     [[nodiscard]] const Shape& shapeOfBox(std::size_t box) const;
     [[nodiscard]] const Shape& shapeOfLabel(std::size_t connection) const;
 
@@ -69,7 +78,8 @@ class DiagramDrawing {
     DiagramIndex index_;
     ui::Rect extent_;
     std::vector<std::vector<std::size_t>> connectionsOf_;
-    mutable std::vector<std::unique_ptr<Shape>> boxShapes_, labelShapes_;
+    /// Made when first needed.
+    mutable std::vector<std::unique_ptr<const Shape>> boxShapes_, labelShapes_;
 };
 
 }  // namespace quorel::diagram

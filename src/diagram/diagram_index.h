@@ -19,7 +19,7 @@ class DiagramIndex {
     void build(const DiagramModel& model);
     /// From now on found by its present place; where it was it is looked at in vain.
     void addBox(std::size_t box);
-    void addConnection(std::size_t connection);
+    void addConnections(const std::vector<std::size_t>& connections);
 
     /// Everything that touches `area`, the lines' labels and arrow heads too.
     [[nodiscard]] Found find(const DiagramModel& model, const ui::Rect& area) const;
@@ -37,6 +37,7 @@ class DiagramIndex {
     [[nodiscard]] Cell& cell(std::int32_t column, std::int32_t row) noexcept;
     [[nodiscard]] const Cell& cell(std::int32_t column, std::int32_t row) const noexcept;
     void insertConnection(const Connection& connection, std::uint32_t number);
+    void insert(const CellRange& range, std::uint32_t connection);
     void insertSegment(ui::Point from, ui::Point to, std::uint32_t number);
 
     std::int64_t left_ = 0, top_ = 0, cellWidth_ = 1, cellHeight_ = 1;

@@ -34,9 +34,10 @@ struct TextPiece {
 /// What a box or a label looks like inside.
 struct Shape {
     ui::Size size;
-    ui::Twips header;  ///< its height; that of the whole where there is no section
-    ui::Rect picture;  ///< of no size if there is none
-    std::vector<TextPiece> pieces;
+    ui::Twips header;               ///< its height; that of the whole where there is no section
+    ui::Twips tallest;              ///< of the lines' heights
+    ui::Rect picture;               ///< of no size if there is none
+    std::vector<TextPiece> pieces;  ///< from top to bottom
 };
 
 [[nodiscard]] ui::Font fontOf(const DiagramModel& model, TextRole role);
@@ -53,8 +54,18 @@ struct Shape {
 /// Gives boxes that are aligned to text their size and every connection's label its own.
 void fitSizes(DiagramModel& model, const Measure& measure);
 
-/// The text as it is shown on one line: "<<x>>" at its beginning in guillemets, control characters and lone
-/// surrogates replaced, cut at `kLongestText`.
+/// The text as it is shown on one line: cut at `kLongestText`, control characters and lone surrogates
+/// replaced.
 [[nodiscard]] std::u16string shownLine(std::u16string_view text);
+
+/// One line of a box's or a connection's text.
+struct HeaderLine {
+    std::u16string text;
+    bool isStereotype = false;
+};
+
+/// The lines of a text as they are shown. All but the last are stereotypes, and so is a "<<x>>" that the last
+/// begins with; they are shown in guillemets. Empty lines are left out.
+[[nodiscard]] std::vector<HeaderLine> headerLines(std::u16string_view text);
 
 }  // namespace quorel::diagram

@@ -1,0 +1,216 @@
+#include "diagram/diagram_drawing.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "diagram/diagram_arrange.h"
+#include "diagram/painting.h"
+
+namespace quorel::diagram {
+
+using ui::Point;
+using ui::Rect;
+using ui::Twips;
+
+namespace {
+
+/// From how many points on, as they are seen, a text can be read or guessed.
+constexpr double kReadable = 4.5, kGuessed = 3.5;
+/// Below this a header is a few pixels high.
+constexpr double kShowsHeaders = 0.09;
+
+[[nodiscard]] Rect extentOf(const DiagramModel& model) {
+    std::int64_t left = 0, top = 0, right = 0, bottom = 0;
+    const auto add = [&](Point point) {
+        left = std::min<std::int64_t>(left, std::int64_t{point.x.value} - kDrawingMargin.value);
+        top = std::min<std::int64_t>(top, std::int64_t{point.y.value} - kDrawingMargin.value);
+        right = std::max<std::int64_t>(right, std::int64_t{point.x.value} + kDrawingMargin.value);
+        bottom = std::max<std::int64_t>(bottom, std::int64_t{point.y.value} + kDrawingMargin.value);
+    };
+    const auto addRect = [&](const Rect& place) {
+        add({place.left, place.top});
+        add({place.right(), place.bottom()});
+    };
+    for (const Box& box : model.boxes)
+        addRect(box.place);
+    for (const Connection& connection : model.connections) {
+        std::for_each(connection.line.begin(), connection.line.end(), add);
+        if (connection.label.width.value > 0)
+            addRect(connection.label);
+    }
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    return {{static_cast<std::int32_t>(std::max(left, -kMost / 2))},
+            {static_cast<std::int32_t>(std::max(top, -kMost / 2))},
+            {static_cast<std::int32_t>(std::min(right - left, kMost))},
+            {static_cast<std::int32_t>(std::min(bottom - top, kMost))}};
+}
+
+}  // namespace
+
+Detail detailAt(const DiagramModel& model, double scale) {
+    const auto points = [&](TextRole role) {
+        const std::int32_t size = fontOf(model, role).points;
+        return (size > 0 ? size : 9) * scale;
+    };
+    if (points(TextRole::Property) >= kReadable)
+        return Detail::Full;
+    if (points(TextRole::Name) >= kGuessed)
+        return Detail::Names;
+    return scale >= kShowsHeaders ? Detail::Boxes : Detail::Plain;
+}
+
+/// Who is drawn how.
+class DiagramDrawing::Weights {
+  public:
+    Weights(const DiagramDrawing& drawing, const Emphasis& emphasis) : emphasis_(emphasis) {
+        const std::ptrdiff_t focus = emphasis.hovered >= 0 ? emphasis.hovered : emphasis.selected;
+        if (focus < 0 || static_cast<std::size_t>(focus) >= drawing.model_->boxes.size())
+            return;
+        focus_ = focus;
+        for (const std::size_t box : drawing.neighboursOf(static_cast<std::size_t>(focus)))
+            neighbours_.push_back(box);
+    }
+    [[nodiscard]] bool areUneven() const noexcept { return focus_ >= 0; }
+    [[nodiscard]] Weight of(std::size_t box) const {
+        const auto number = static_cast<std::ptrdiff_t>(box);
+        if (number == focus_ || number == emphasis_.selected)
+            return Weight::Accent;
+        if (focus_ < 0)
+            return Weight::Normal;
+        return std::binary_search(neighbours_.begin(), neighbours_.end(), box) ? Weight::Neighbour
+                                                                               : Weight::Pale;
+    }
+    [[nodiscard]] Weight of(const Connection& connection) const noexcept {
+        if (focus_ < 0)
+            return Weight::Normal;
+        const auto focus = static_cast<std::size_t>(focus_);
+        return connection.from == focus || connection.to == focus ? Weight::Accent : Weight::Pale;
+    }
+
+  private:
+    Emphasis emphasis_;
+    std::ptrdiff_t focus_ = -1;
+    std::vector<std::size_t> neighbours_;
+};
+
+DiagramDrawing::DiagramDrawing(std::shared_ptr<const DiagramModel> model, Measure measure)
+    : model_(std::move(model)), measure_(std::move(measure)) {
+    refresh();
+}
+
+void DiagramDrawing::refresh() {
+    index_.build(*model_);
+    extent_ = extentOf(*model_);
+    connectionsOf_.assign(model_->boxes.size(), {});
+    for (std::size_t number = 0; number < model_->connections.size(); ++number) {
+        const Connection& connection = model_->connections[number];
+        connectionsOf_[connection.from].push_back(number);
+        if (connection.to != connection.from)
+            connectionsOf_[connection.to].push_back(number);
+    }
+    boxShapes_.clear();
+    boxShapes_.resize(model_->boxes.size());
+    labelShapes_.clear();
+    labelShapes_.resize(model_->connections.size());
+}
+
+void DiagramDrawing::boxMoved(std::size_t box) {
+    index_.addBox(box);
+    index_.addConnections(connectionsOf_.at(box));
+    extent_ = extentOf(*model_);
+}
+
+const Shape& DiagramDrawing::shapeOfBox(std::size_t box) const {
+    std::unique_ptr<const Shape>& shape = boxShapes_[box];
+    if (!shape)
+        shape = std::make_unique<const Shape>(boxShape(*model_, model_->boxes[box], measure_));
+    return *shape;
+}
+
+const Shape& DiagramDrawing::shapeOfLabel(std::size_t connection) const {
+    std::unique_ptr<const Shape>& shape = labelShapes_[connection];
+    if (!shape)
+        shape = std::make_unique<const Shape>(labelShape(*model_, model_->connections[connection], measure_));
+    return *shape;
+}
+
+void DiagramDrawing::draw(ui::Canvas& canvas, const Rect& visible, double scale,
+                          const Emphasis& emphasis) const {
+    drawPart(canvas, visible, detailAt(*model_, scale), emphasis, palette::kPaper);
+}
+
+void DiagramDrawing::drawAll(ui::Canvas& canvas) const {
+    drawPart(canvas, extent_, Detail::Full, {}, palette::kWhite);
+}
+
+void DiagramDrawing::drawOverview(ui::Canvas& canvas) const {
+    Painting painting(canvas, *model_, extent_, Detail::Plain, palette::kPaper);
+    for (const Box& box : model_->boxes)
+        painting.plainBox(box, Weight::Normal);
+}
+
+void DiagramDrawing::drawPart(ui::Canvas& canvas, const Rect& visible, Detail detail,
+                              const Emphasis& emphasis, ui::Colour paper) const {
+    const DiagramIndex::Found found = index_.find(*model_, visible);
+    const Weights weights(*this, emphasis);
+    Painting painting(canvas, *model_, visible, detail, paper);
+    painting.paper();
+    // What is pale lies below what is looked at.
+    for (const bool pale : {true, false}) {
+        if (pale && !weights.areUneven())
+            continue;
+        const auto isTurn = [pale](Weight weight) { return (weight == Weight::Pale) == pale; };
+        drawConnections(painting, found.connections, weights, detail, isTurn);
+        for (const std::size_t box : found.boxes) {
+            const Weight weight = weights.of(box);
+            if (!isTurn(weight))
+                continue;
+            if (detail == Detail::Plain)
+                painting.plainBox(model_->boxes[box], weight);
+            else
+                painting.box(model_->boxes[box], shapeOfBox(box), weight);
+        }
+    }
+}
+
+template <class IsTurn>
+void DiagramDrawing::drawConnections(Painting& painting, const std::vector<std::size_t>& connections,
+                                     const Weights& weights, Detail detail, const IsTurn& isTurn) const {
+    for (const std::size_t number : connections) {
+        const Connection& connection = model_->connections[number];
+        if (const Weight weight = weights.of(connection); isTurn(weight))
+            painting.line(connection, weight);
+    }
+    if (detail <= Detail::Boxes)
+        return;
+    for (const std::size_t number : connections) {
+        const Connection& connection = model_->connections[number];
+        if (const Weight weight = weights.of(connection); isTurn(weight))
+            painting.label(connection, shapeOfLabel(number), weight);
+    }
+}
+
+std::ptrdiff_t DiagramDrawing::boxAt(Point point) const {
+    const DiagramIndex::Found found = index_.find(*model_, {point.x, point.y, {}, {}});
+    return found.boxes.empty() ? -1 : static_cast<std::ptrdiff_t>(found.boxes.back());
+}
+
+const std::vector<std::size_t>& DiagramDrawing::connectionsOf(std::size_t box) const {
+    return connectionsOf_.at(box);
+}
+
+std::vector<std::size_t> DiagramDrawing::neighboursOf(std::size_t box) const {
+    std::vector<std::size_t> neighbours;
+    for (const std::size_t number : connectionsOf(box)) {
+        const Connection& connection = model_->connections[number];
+        if (connection.from != connection.to)
+            neighbours.push_back(connection.from == box ? connection.to : connection.from);
+    }
+    std::sort(neighbours.begin(), neighbours.end());
+    neighbours.erase(std::unique(neighbours.begin(), neighbours.end()), neighbours.end());
+    return neighbours;
+}
+
+}  // namespace quorel::diagram
