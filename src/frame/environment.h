@@ -9,6 +9,7 @@
 #include "platform/shell/settings_store.h"
 #include "platform/shell/value_pickers.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/drawing_export.h"
 #include "platform/ui/picture_objects.h"
 
 namespace quorel::frame {
@@ -30,6 +31,8 @@ struct Environment {
     shell::FolderBrowser* folderBrowser = nullptr;
     /// Where the library lies with its picture files, without a separator at its end.
     std::u16string libraryFolder{};
+    /// Null where no drawing can be put into a file.
+    ui::DrawingExport* drawingExport = nullptr;
 };
 
 }  // namespace quorel::frame

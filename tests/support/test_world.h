@@ -2,6 +2,7 @@
 
 #include "frame/environment.h"
 #include "platform/automation/error.h"
+#include "platform/headless/drawing_export.h"
 #include "platform/headless/folder_browser.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/headless/picture_objects.h"
@@ -46,8 +47,9 @@ struct TestWorld {
     shell::MemorySettingsStore settings;
     headless::PictureObjects pictureObjects;
     headless::FolderBrowser folderBrowser{desktop};
-    frame::Environment environment{desktop, classes, clock,           settings,
-                                   nullptr, nullptr, &pictureObjects, &folderBrowser};
+    headless::DrawingExport drawingExport;
+    frame::Environment environment{desktop, classes,         clock,          settings, nullptr,
+                                   nullptr, &pictureObjects, &folderBrowser, {},       &drawingExport};
     headless::User user{desktop};
 
     /// The texts of all message boxes so far.

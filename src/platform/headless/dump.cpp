@@ -6,6 +6,7 @@
 #include "platform/ui/check_box.h"
 #include "platform/ui/combo_box.h"
 #include "platform/ui/control_visitor.h"
+#include "platform/ui/drawing_area.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
 #include "platform/ui/progress_bar.h"
@@ -128,6 +129,7 @@ class Describer final : public ui::ControlVisitor {
         }
         extra += extra.empty() ? " (no tabs)" : "";
     }
+    void visit(ui::DrawingArea&) override { kind = "DrawingArea"; }
     void visit(ui::Tree& tree) override {
         kind = "Tree";
         extra = " items " + std::to_string(tree.itemCount());

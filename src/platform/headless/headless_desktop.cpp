@@ -7,6 +7,7 @@
 
 #include "platform/automation/text.h"
 #include "platform/ui/access_key.h"
+#include "platform/ui/drawing_area.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/picture_file.h"
 #include "platform/ui/virtual_list.h"
@@ -48,6 +49,7 @@ HeadlessPeer::HeadlessPeer(HeadlessDesktop& desktop, ui::Control& control)
     : desktop_(desktop), control_(control) {
     ++desktop_.livePeers_;
     ++desktop_.peersMade_;
+    invalidateAll();
 }
 
 HeadlessPeer::~HeadlessPeer() {
@@ -56,6 +58,8 @@ HeadlessPeer::~HeadlessPeer() {
 
 void HeadlessPeer::apply(ui::Change changes) {
     changes_ |= changes;
+    if (has(changes, ui::Change::Bounds | ui::Change::Colours))
+        invalidateAll();
     if (const auto* const tree = dynamic_cast<const ui::Tree*>(&control_);
         tree != nullptr && has(changes, ui::Change::ScrollTo))
         bringIntoView(*tree);
@@ -75,6 +79,18 @@ void HeadlessPeer::takeFocus() {
 
 void HeadlessPeer::refresh() {
     ++desktop_.refreshes_;
+}
+
+void HeadlessPeer::invalidateAll() {
+    if (auto* const area = dynamic_cast<ui::DrawingArea*>(&control_))
+        invalidate({{}, {}, area->bounds().width, area->bounds().height});
+}
+
+void HeadlessPeer::invalidate(const ui::Rect& area) {
+    const ui::Rect client{{}, {}, control_.bounds().width, control_.bounds().height};
+    const ui::Rect seen = ui::intersection(area, client);
+    if (seen.width.value > 0 && seen.height.value > 0)
+        invalid_ = invalid_ ? ui::united(*invalid_, seen) : seen;
 }
 
 void HeadlessPeer::popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) {
@@ -223,8 +239,10 @@ void HeadlessDesktop::setPointer(ui::Pointer pointer) {
         ++waits_;
 }
 
-ui::Size HeadlessDesktop::textSize(std::u16string_view line) {
-    return {kUnitWidth * static_cast<std::int32_t>(line.size()), kLineHeight};
+ui::Size HeadlessDesktop::textSize(std::u16string_view line, const ui::Font& font) {
+    const std::int32_t points = font.points > 0 ? font.points : kPoints;
+    return {kUnitWidth * points / kPoints * static_cast<std::int32_t>(line.size()),
+            kLineHeight * points / kPoints};
 }
 
 std::vector<ui::Picture> HeadlessDesktop::loadPicture(std::u16string_view path) {

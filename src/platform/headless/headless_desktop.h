@@ -29,6 +29,10 @@ class HeadlessPeer final : public ui::Peer {
     void popUpMenu(ui::MenuItem& menu, ui::MenuPlace place) override;
     /// By nominal sizes, as a list of the platform's at 96 dots per inch has them.
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override;
+    void invalidate(const ui::Rect& area) override;
+    /// For drawing areas: what is to be painted anew, all of it in one rectangle, in the client area; none
+    /// afterwards.
+    [[nodiscard]] std::optional<ui::Rect> takeInvalid() noexcept { return std::exchange(invalid_, {}); }
 
     /// The first row that a list or tree shows, and moving it; true if it moved.
     [[nodiscard]] std::size_t topRow() const noexcept { return topRow_; }
@@ -43,10 +47,12 @@ class HeadlessPeer final : public ui::Peer {
   private:
     /// The item that the tree scrolls to.
     void bringIntoView(const ui::Tree& tree);
+    void invalidateAll();
 
     HeadlessDesktop& desktop_;
     ui::Control& control_;
     ui::Change changes_ = ui::Change::None;
+    std::optional<ui::Rect> invalid_;
     std::size_t topRow_ = 0;
     ui::Twips scrolled_;  ///< how far a list is scrolled to the right
 };
@@ -105,8 +111,10 @@ class HeadlessDesktop final : public ui::Desktop {
     void setClipboardText(std::u16string_view text) override { clipboard_ = text; }
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] ui::Rect workArea() override { return workArea_; }
-    [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+    [[nodiscard]] ui::Size textSize(std::u16string_view line) override { return textSize(line, {}); }
     /// By nominal sizes: every unit as wide as every other, and in proportion to the font's size.
+    [[nodiscard]] ui::Size textSize(std::u16string_view line, const ui::Font& font) override;
+    /// In the same way.
     [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
                                      std::optional<ui::Twips> width) override;
     /// The file is read and checked, but nothing in it is drawn: each picture is grey all over, in its own

@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "platform/headless/headless_desktop.h"
+#include "platform/headless/recording_canvas.h"
 #include "platform/ui/combo_box.h"
 #include "platform/ui/control.h"
+#include "platform/ui/drawing_area.h"
 #include "platform/ui/keys.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/plain_controls.h"
@@ -75,6 +77,23 @@ class User {
     /// The mouse buttons made for it.
     void navigate(ui::Form& form, ui::Navigation where);
     void dragSplitter(ui::Splitter& splitter, ui::Twips position);
+    /// Over a drawing, at a place in it. A button that is down takes the mouse out of it, too.
+    void moveMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modifiers = ui::Modifiers::None);
+    void pressMouse(ui::DrawingArea& area, ui::Point at, ui::MouseButton button = ui::MouseButton::Left,
+                    ui::Modifiers modifiers = ui::Modifiers::None);
+    void releaseMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modifiers = ui::Modifiers::None);
+    void clickAt(ui::DrawingArea& area, ui::Point at, ui::MouseButton button = ui::MouseButton::Left,
+                 ui::Modifiers modifiers = ui::Modifiers::None);
+    void doubleClickAt(ui::DrawingArea& area, ui::Point at);
+    /// In two moves.
+    void drag(ui::DrawingArea& area, ui::Point from, ui::Point to,
+              ui::MouseButton button = ui::MouseButton::Left);
+    /// 120 a notch, upwards.
+    void turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel,
+                   ui::Modifiers modifiers = ui::Modifiers::None);
+    void leaveMouse(ui::DrawingArea& area);
+    /// Something else takes the mouse while a button is down.
+    void loseMouse(ui::DrawingArea& area);
 
     // Keyboard
     // --------------------------------------------------------------------
@@ -94,6 +113,9 @@ class User {
                                                   std::size_t count);
     /// The texts of the lines in view.
     std::vector<std::u16string> look(ui::Tree& tree);
+    /// What a painting of all of it draws; of what is to be painted anew.
+    RecordingCanvas look(ui::DrawingArea& area);
+    RecordingCanvas lookAtChanges(ui::DrawingArea& area);
 
   private:
     /// Checks that a user can act on it and keeps the form alive.
@@ -108,6 +130,7 @@ class User {
     [[nodiscard]] static bool pressInCombo(ui::ComboBox& box, ui::KeyChord chord);
     static void typeInCombo(ui::ComboBox& box, std::u16string_view character);
     [[nodiscard]] static bool pressInSplitter(ui::Splitter& splitter, ui::KeyChord chord);
+    void checkMouse(const ui::DrawingArea& area, ui::Point at) const;
     void reachItem(const ui::Tree& tree, ui::TreeItemId item) const;
     static void toggle(ui::Tree& tree, ui::TreeItemId item);
     [[nodiscard]] static bool pressInTree(ui::Tree& tree, ui::KeyChord chord);

@@ -5,6 +5,7 @@ namespace quorel::ui {
 class Button;
 class CheckBox;
 class ComboBox;
+class DrawingArea;
 class Form;
 class Label;
 class Line;
@@ -38,6 +39,7 @@ class ControlVisitor {
     virtual void visit(ScrollPanel& panel) = 0;
     virtual void visit(TabStrip& strip) = 0;
     virtual void visit(Tree& tree) = 0;
+    virtual void visit(DrawingArea& area) = 0;
 
   protected:
     ~ControlVisitor() = default;

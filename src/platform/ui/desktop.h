@@ -58,6 +58,8 @@ class Desktop {
     [[nodiscard]] virtual Rect workArea() = 0;
     /// The size of one line in the windows' font.
     [[nodiscard]] virtual Size textSize(std::u16string_view line) = 0;
+    /// The size of one line in that font; a mark of an access key is a character like any other.
+    [[nodiscard]] virtual Size textSize(std::u16string_view line, const Font& font) = 0;
     /// The room that a label needs for a text of one or several lines, its marks of access keys taken away;
     /// with a width, lines longer than that are broken between words.
     [[nodiscard]] virtual Size labelSize(std::u16string_view text, const Font& font,

@@ -34,7 +34,9 @@ enum class Key : std::uint16_t {
     F4 = 0x73,
     F5 = 0x74,
     F6 = 0x75,
-    F10 = 0x79
+    F10 = 0x79,
+    Plus = 0xBB,  ///< beside the letters, as is the next; `Add` and `Subtract` are the number pad's
+    Minus = 0xBD
 };
 
 [[nodiscard]] constexpr Key key(char letterOrDigit) noexcept {

@@ -68,6 +68,8 @@ class Peer {
         static_cast<void>(cell);
         return std::nullopt;
     }
+    /// For drawing areas: some of it is to be painted anew.
+    virtual void invalidate(const Rect& area) { static_cast<void>(area); }
     /// For trees: what has happened to one item. A tree that gets its peer has all its items already.
     virtual void applyItem(TreeItemId item, TreeChange change) {
         static_cast<void>(item);

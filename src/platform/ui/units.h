@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <compare>
 #include <cstdint>
 
@@ -43,6 +44,19 @@ struct Rect {
     [[nodiscard]] constexpr Size size() const noexcept { return {width, height}; }
     friend constexpr bool operator==(const Rect&, const Rect&) = default;
 };
+
+/// What is in both; without width or height when nothing is.
+[[nodiscard]] constexpr Rect intersection(const Rect& a, const Rect& b) noexcept {
+    const Twips left = std::max(a.left, b.left), top = std::max(a.top, b.top);
+    return {left, top, std::max(Twips{}, std::min(a.right(), b.right()) - left),
+            std::max(Twips{}, std::min(a.bottom(), b.bottom()) - top)};
+}
+
+/// The smallest rectangle around both.
+[[nodiscard]] constexpr Rect united(const Rect& a, const Rect& b) noexcept {
+    const Twips left = std::min(a.left, b.left), top = std::min(a.top, b.top);
+    return {left, top, std::max(a.right(), b.right()) - left, std::max(a.bottom(), b.bottom()) - top};
+}
 
 /// A rectangle in device pixels; only peers use it.
 struct PixelRect {

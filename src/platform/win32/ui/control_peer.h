@@ -24,6 +24,7 @@ class ControlPeer : public ui::Peer {
     [[nodiscard]] std::optional<ui::Rect> cellBounds(ui::CellIndex cell) const override {
         return std::shared_ptr(window_)->cellBounds(cell);
     }
+    void invalidate(const ui::Rect& area) override { std::shared_ptr(window_)->invalidate(area); }
     void applyItem(ui::TreeItemId item, ui::TreeChange change) override {
         std::shared_ptr(window_)->applyItem(item, change);
     }

@@ -242,6 +242,8 @@ LRESULT NativeWindow::serve(UINT message, WPARAM w, LPARAM l) {
         return TRUE;
     if ((message == WM_XBUTTONUP || message == WM_APPCOMMAND) && navigate(message, w, l))
         return TRUE;
+    if (message == WM_MOUSEWHEEL && passWheelOn(w, l))
+        return 0;
     if (message == WM_CONTEXTMENU && showContextMenu(l))
         return 0;
     const std::optional<LRESULT> reflected = reflect(message, w, l);
@@ -296,6 +298,16 @@ bool NativeWindow::showsPointer(LPARAM hit) const {
     if (services().pointer != ui::Pointer::Wait || LOWORD(hit) != HTCLIENT)
         return false;
     ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+    return true;
+}
+
+/// A drawing of the form hears of the wheel when the mouse is over it, whoever has the focus.
+bool NativeWindow::passWheelOn(WPARAM w, LPARAM onScreen) const {
+    const HWND under = ::WindowFromPoint({GET_X_LPARAM(onScreen), GET_Y_LPARAM(onScreen)});
+    NativeWindow* const other = of(under);
+    if (other == nullptr || other == this || other->frame_ != frame_ || !other->takesWheel())
+        return false;
+    ::SendMessageW(under, WM_MOUSEWHEEL, w, onScreen);
     return true;
 }
 

@@ -37,6 +37,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     void retire() noexcept;
 
     void apply(ui::Change changes);
+    /// For drawings.
+    virtual void invalidate(const ui::Rect&) {}
     /// For trees.
     virtual void applyItem(ui::TreeItemId, ui::TreeChange) {}
     virtual void takeFocus();
@@ -81,6 +83,8 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     virtual void mirrorText();
     virtual void mirrorVisible();
     virtual LRESULT serve(UINT message, WPARAM w, LPARAM l);
+    /// True if the wheel turns here whenever the mouse is here.
+    [[nodiscard]] virtual bool takesWheel() const { return false; }
     /// A key that the control acts on before the form is asked.
     [[nodiscard]] virtual bool claimsKey(ui::KeyChord) const { return false; }
     /// A key that neither the form nor its dialog keyboard had a use for; true keeps it from the control,
@@ -119,6 +123,7 @@ class NativeWindow : public std::enable_shared_from_this<NativeWindow> {
     LRESULT serveKey(UINT message, WPARAM key, LPARAM flags);
     [[nodiscard]] bool pressKey(WPARAM key);
     [[nodiscard]] bool showsPointer(LPARAM hit) const;
+    [[nodiscard]] bool passWheelOn(WPARAM w, LPARAM onScreen) const;
     [[nodiscard]] std::optional<LRESULT> reflect(UINT message, WPARAM w, LPARAM l);
     void standInTabOrder() const;
     void gone() noexcept;

@@ -3,6 +3,7 @@
 #include "platform/automation/error.h"
 #include "platform/ui/control_visitor.h"
 #include "platform/win32/ui/choice_windows.h"
+#include "platform/win32/ui/drawing_window.h"
 #include "platform/win32/ui/form_window.h"
 #include "platform/win32/ui/input_windows.h"
 #include "platform/win32/ui/list_window.h"
@@ -38,6 +39,7 @@ class Factory final : public ui::ControlVisitor {
     void visit(ui::ScrollPanel& panel) override { make<ScrollWindow>(panel); }
     void visit(ui::TabStrip& strip) override { make<TabWindow>(strip); }
     void visit(ui::Tree& tree) override { make<TreeWindow>(tree); }
+    void visit(ui::DrawingArea& area) override { make<DrawingWindow>(area); }
 
     std::shared_ptr<NativeWindow> made;
 

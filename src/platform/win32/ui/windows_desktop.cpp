@@ -118,15 +118,19 @@ ui::Size WindowsDesktop::textSize(std::u16string_view line) {
     const std::uint64_t now = ::GetTickCount64();
     const std::lock_guard lock(measuring_);
     if (last_.line != line || now - last_.milliseconds > kMoment)
-        last_ = {std::u16string(line), measured(line), now};
+        last_ = {std::u16string(line), measured(line, {}), now};
     return last_.size;
 }
 
-ui::Size WindowsDesktop::measured(std::u16string_view line) const {
+ui::Size WindowsDesktop::textSize(std::u16string_view line, const ui::Font& font) {
+    return measured(line, font);
+}
+
+ui::Size WindowsDesktop::measured(std::u16string_view line, const ui::Font& wanted) const {
     const NativeScope scope(services_->controls);
     const std::int32_t dpi = primaryDpi();
     const MemoryDc dc(::CreateCompatibleDC(nullptr));
-    const SelectScope font(dc.get(), services_->tools.font(dpi));
+    const SelectScope font(dc.get(), services_->tools.font(dpi, wanted));
     const std::u16string shown = ui::shownText(line);
     SIZE size{};
     ::GetTextExtentPoint32W(dc.get(), wide(shown), static_cast<int>(shown.size()), &size);

@@ -36,6 +36,7 @@ class WindowsDesktop : public ui::Desktop {
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] ui::Rect workArea() override;
     [[nodiscard]] ui::Size textSize(std::u16string_view line) override;
+    [[nodiscard]] ui::Size textSize(std::u16string_view line, const ui::Font& font) override;
     [[nodiscard]] ui::Size labelSize(std::u16string_view text, const ui::Font& font,
                                      std::optional<ui::Twips> width) override;
     [[nodiscard]] std::vector<ui::Picture> loadPicture(std::u16string_view path) override;
@@ -54,7 +55,7 @@ class WindowsDesktop : public ui::Desktop {
         ui::Size size;
         std::uint64_t milliseconds = 0;  ///< when
     };
-    [[nodiscard]] ui::Size measured(std::u16string_view line) const;
+    [[nodiscard]] ui::Size measured(std::u16string_view line, const ui::Font& font) const;
 
     std::shared_ptr<Services> services_;
     std::mutex measuring_;

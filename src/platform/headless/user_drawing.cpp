@@ -1,0 +1,112 @@
+// The mouse over drawing areas.
+
+#include "platform/headless/user.h"
+
+namespace quorel::headless {
+
+using ui::MouseButton;
+
+void User::checkMouse(const ui::DrawingArea& area, ui::Point at) const {
+    const ui::Rect& bounds = area.bounds();
+    if (!area.holdsMouse() &&
+        (at.x.value < 0 || at.y.value < 0 || at.x >= bounds.width || at.y >= bounds.height))
+        throw CannotDo("the mouse is not over the drawing");
+}
+
+void User::moveMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modifiers) {
+    const auto form = reach(area);
+    checkMouse(area, at);
+    area.userMouseMove({at, area.heldButton(), modifiers});
+    desktop_.runPosted();
+}
+
+void User::pressMouse(ui::DrawingArea& area, ui::Point at, MouseButton button, ui::Modifiers modifiers) {
+    const auto form = reach(area);
+    checkMouse(area, at);
+    if (area.holdsMouse())
+        throw CannotDo("a button is down already");
+    if (area.isTabStop())
+        form->userFocused(&area);
+    if (area.isUsable())
+        area.userMouseDown({at, button, modifiers});
+    desktop_.runPosted();
+}
+
+void User::releaseMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modifiers) {
+    const auto form = reach(area);
+    if (!area.holdsMouse())
+        throw CannotDo("no button is down");
+    area.userMouseUp({at, area.heldButton(), modifiers});
+    desktop_.runPosted();
+}
+
+void User::clickAt(ui::DrawingArea& area, ui::Point at, MouseButton button, ui::Modifiers modifiers) {
+    const auto form = reach(area);
+    pressMouse(area, at, button, modifiers);
+    if (form->isShown() && area.holdsMouse())
+        releaseMouse(area, at, modifiers);
+}
+
+void User::doubleClickAt(ui::DrawingArea& area, ui::Point at) {
+    const auto form = reach(area);
+    clickAt(area, at);
+    if (!form->isShown() || !area.isUsable())
+        return;
+    area.userDoubleClicked({at, MouseButton::Left});
+    desktop_.runPosted();
+    if (form->isShown() && area.holdsMouse())
+        releaseMouse(area, at);
+}
+
+void User::drag(ui::DrawingArea& area, ui::Point from, ui::Point to, MouseButton button) {
+    const auto form = reach(area);
+    pressMouse(area, from, button);
+    for (const ui::Point at : {ui::Point{(from.x + to.x) / 2, (from.y + to.y) / 2}, to})
+        if (form->isShown() && area.holdsMouse())
+            moveMouse(area, at);
+    if (form->isShown() && area.holdsMouse())
+        releaseMouse(area, to);
+}
+
+void User::turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel, ui::Modifiers modifiers) {
+    const auto form = reach(area);
+    checkMouse(area, at);
+    static_cast<void>(area.userTurnedWheel({at, MouseButton::None, modifiers, wheel}));
+    desktop_.runPosted();
+}
+
+void User::leaveMouse(ui::DrawingArea& area) {
+    const auto form = reach(area);
+    area.userMouseLeft();
+    desktop_.runPosted();
+}
+
+void User::loseMouse(ui::DrawingArea& area) {
+    const auto form = reach(area);
+    area.userMouseLost();
+    desktop_.runPosted();
+}
+
+RecordingCanvas User::look(ui::DrawingArea& area) {
+    const auto form = reach(area);
+    const ui::Size size = area.bounds().size();
+    RecordingCanvas canvas(wholeView(size));
+    if (auto* const peer = dynamic_cast<HeadlessPeer*>(area.peer()))
+        static_cast<void>(peer->takeInvalid());
+    area.userPaints(canvas, {{}, {}, size.width, size.height});
+    desktop_.runPosted();
+    return canvas;
+}
+
+RecordingCanvas User::lookAtChanges(ui::DrawingArea& area) {
+    const auto form = reach(area);
+    RecordingCanvas canvas(wholeView(area.bounds().size()));
+    auto* const peer = dynamic_cast<HeadlessPeer*>(area.peer());
+    const std::optional<ui::Rect> dirty = peer != nullptr ? peer->takeInvalid() : std::nullopt;
+    if (dirty)
+        area.userPaints(canvas, *dirty);
+    desktop_.runPosted();
+    return canvas;
+}
+
+}  // namespace quorel::headless
