@@ -47,8 +47,9 @@ void appendLine(std::vector<HeaderLine>& lines, std::u16string_view line, bool i
     const std::size_t end = line.starts_with(u"<<") ? line.find(u">>") : std::u16string_view::npos;
     const bool marked = end != std::u16string_view::npos;
     if (marked) {
-        std::u16string stereotype = shownLine(trimmed(line.substr(2, end - 2)));
-        lines.push_back({u"«" + std::move(stereotype) + u"»", true});
+        std::u16string stereotype(1, u'«');
+        stereotype.append(shownLine(trimmed(line.substr(2, end - 2)))).append(1, u'»');
+        lines.push_back({std::move(stereotype), true});
         line = trimmed(line.substr(end + 2));
     }
     if (!line.empty())
@@ -121,7 +122,9 @@ class Column {
 
 void addSection(Column& column, const std::vector<PropertyLine>& properties) {
     for (const PropertyLine& property : properties) {
-        std::u16string type = property.type.empty() ? std::u16string() : u": " + shownLine(property.type);
+        std::u16string type;
+        if (!property.type.empty())
+            type.append(u": ").append(shownLine(property.type));
         if (!column.addPair(shownLine(property.name), TextRole::Property, std::move(type), TextRole::Type))
             return;
     }

@@ -84,7 +84,8 @@ void appendFraction(std::string& to, double number) {
         return folded.find(automation::foldCase(part)) != std::u16string::npos;
     };
     const bool even = has(u"courier") || has(u"mono") || has(u"consol");
-    return "'" + automation::toUtf8(name) + (even ? "',monospace" : "',sans-serif");
+    std::string list(1, '\'');
+    return list.append(automation::toUtf8(name)).append(even ? "',monospace" : "',sans-serif");
 }
 
 /// XML lets go of blanks otherwise.
