@@ -24,7 +24,8 @@ template <class Body>
 }
 
 /// Prints one line: both medians, the median of the ratios pair by pair, and the aim, e.g.
-/// "GetUUID / clock + string: 61.2 ns / 48.0 ns = 1.27 (aim: 1.50)". `operations` is what one run does.
+/// "GetUUID / clock + string: 61.2 ns / 48.0 ns = 1.27 (aim: 1.50)"; no aim where it is 0. `operations` is
+/// what one run does.
 template <class Subject, class Peer>
 double compare(const char* name, double operations, double aim, Subject&& subject, Peer&& peer,
                int runs = 9) {
@@ -37,8 +38,9 @@ double compare(const char* name, double operations, double aim, Subject&& subjec
         ratios.push_back(subjectTimes.back() / peerTimes.back());
     }
     const double ratio = median(ratios);
-    std::printf("%s: %.1f ns / %.1f ns = %.2f (aim: %.2f)\n", name, median(subjectTimes) / operations * 1e9,
-                median(peerTimes) / operations * 1e9, ratio, aim);
+    std::printf("%s: %.1f ns / %.1f ns = %.2f", name, median(subjectTimes) / operations * 1e9,
+                median(peerTimes) / operations * 1e9, ratio);
+    std::printf(aim > 0 ? " (aim: %.2f)\n" : "\n", aim);
     std::fflush(stdout);
     return ratio;
 }
