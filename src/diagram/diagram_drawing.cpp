@@ -73,7 +73,7 @@ class DiagramDrawing::Weights {
             neighbours_.push_back(box);
     }
     [[nodiscard]] bool areUneven() const noexcept { return focus_ >= 0; }
-    [[nodiscard]] Weight of(std::size_t box) const {
+    [[nodiscard]] Weight of(const Box&, std::size_t box) const {
         const auto number = static_cast<std::ptrdiff_t>(box);
         if (number == focus_ || number == emphasis_.selected)
             return Weight::Accent;
@@ -82,7 +82,7 @@ class DiagramDrawing::Weights {
         return std::binary_search(neighbours_.begin(), neighbours_.end(), box) ? Weight::Neighbour
                                                                                : Weight::Pale;
     }
-    [[nodiscard]] Weight of(const Connection& connection) const noexcept {
+    [[nodiscard]] Weight of(const Connection& connection, std::size_t) const noexcept {
         if (focus_ < 0)
             return Weight::Normal;
         const auto focus = static_cast<std::size_t>(focus_);
@@ -158,38 +158,43 @@ void DiagramDrawing::drawPart(ui::Canvas& canvas, const Rect& visible, Detail de
     Painting painting(canvas, *model_, visible, detail, paper);
     painting.paper();
     // What is pale lies below what is looked at.
-    for (const bool pale : {true, false}) {
-        if (pale && !weights.areUneven())
-            continue;
-        const auto isTurn = [pale](Weight weight) { return (weight == Weight::Pale) == pale; };
-        drawConnections(painting, found.connections, weights, detail, isTurn);
-        for (const std::size_t box : found.boxes) {
-            const Weight weight = weights.of(box);
-            if (!isTurn(weight))
-                continue;
-            if (detail == Detail::Plain)
-                painting.plainBox(model_->boxes[box], weight);
-            else
-                painting.box(model_->boxes[box], shapeOfBox(box), weight);
-        }
-    }
+    if (weights.areUneven())
+        drawLayer(painting, found, weights, detail, [](Weight weight) { return weight == Weight::Pale; });
+    drawLayer(painting, found, weights, detail, [](Weight weight) { return weight != Weight::Pale; });
 }
 
-template <class IsTurn>
-void DiagramDrawing::drawConnections(Painting& painting, const std::vector<std::size_t>& connections,
-                                     const Weights& weights, Detail detail, const IsTurn& isTurn) const {
-    for (const std::size_t number : connections) {
-        const Connection& connection = model_->connections[number];
-        if (const Weight weight = weights.of(connection); isTurn(weight))
-            painting.line(connection, weight);
-    }
-    if (detail <= Detail::Boxes)
-        return;
-    for (const std::size_t number : connections) {
-        const Connection& connection = model_->connections[number];
-        if (const Weight weight = weights.of(connection); isTurn(weight))
+template <class IsDrawn>
+void DiagramDrawing::drawLayer(Painting& painting, const DiagramIndex::Found& found, const Weights& weights,
+                               Detail detail, const IsDrawn& isDrawn) const {
+    const auto forEachDrawn = [&](const auto& things, const std::vector<std::size_t>& numbers,
+                                  auto&& stroke) {
+        for (const std::size_t number : numbers) {
+            if (const Weight weight = weights.of(things[number], number); isDrawn(weight))
+                stroke(things[number], number, weight);
+        }
+    };
+    const auto forEachBox = [&](auto&& stroke) { forEachDrawn(model_->boxes, found.boxes, stroke); };
+    const auto forEachConnection = [&](auto&& stroke) {
+        forEachDrawn(model_->connections, found.connections, stroke);
+    };
+    const bool hasTexts = detail >= Detail::Names;
+    if (hasTexts)
+        forEachBox([&](const Box& box, std::size_t, Weight weight) {
+            if (weight != Weight::Pale)
+                painting.shadow(box);
+        });
+    forEachConnection(
+        [&](const Connection& connection, std::size_t, Weight weight) { painting.line(connection, weight); });
+    if (hasTexts)
+        forEachConnection([&](const Connection& connection, std::size_t number, Weight weight) {
             painting.label(connection, shapeOfLabel(number), weight);
-    }
+        });
+    forEachBox([&](const Box& box, std::size_t number, Weight weight) {
+        if (detail == Detail::Plain)
+            painting.plainBox(box, weight);
+        else
+            painting.box(box, shapeOfBox(number), weight);
+    });
 }
 
 std::ptrdiff_t DiagramDrawing::boxAt(Point point) const {

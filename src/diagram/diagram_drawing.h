@@ -67,9 +67,9 @@ class DiagramDrawing {
 
     void drawPart(ui::Canvas& canvas, const ui::Rect& visible, Detail detail, const Emphasis& emphasis,
                   ui::Colour paper) const;
-    template <class IsTurn>
-    void drawConnections(Painting& painting, const std::vector<std::size_t>& connections,
-                         const Weights& weights, Detail detail, const IsTurn& isTurn) const;
+    template <class IsDrawn>
+    void drawLayer(Painting& painting, const DiagramIndex::Found& found, const Weights& weights,
+                   Detail detail, const IsDrawn& isDrawn) const;
     [[nodiscard]] const Shape& shapeOfBox(std::size_t box) const;
     [[nodiscard]] const Shape& shapeOfLabel(std::size_t connection) const;
 

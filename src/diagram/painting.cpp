@@ -52,11 +52,14 @@ void Painting::plainBox(const Box& box, Weight weight) {
     canvas_.fillRectangle(box.place, shade(strong, weight));
 }
 
+void Painting::shadow(const Box& box) {
+    const Rect& place = box.place;
+    canvas_.fillRectangle({place.left + kShadowStep, place.top + kShadowStep, place.width, place.height},
+                          kShadow);
+}
+
 void Painting::box(const Box& box, const Shape& shape, Weight weight) {
     const Rect& place = box.place;
-    if (weight != Weight::Pale && detail_ != Detail::Boxes)
-        canvas_.fillRectangle({place.left + kShadowStep, place.top + kShadowStep, place.width, place.height},
-                              kShadow);
     canvas_.fillRectangle(place, kWhite);
     canvas_.fillRectangle({place.left, place.top, place.width, shape.header},
                           shade(weight == Weight::Accent ? kAccentHeader : kHeader, weight));

@@ -21,6 +21,8 @@ class Painting {
 
     void paper() { canvas_.fillRectangle(visible_, paper_); }
     void plainBox(const Box& box, Weight weight);
+    /// Below everything else: lines begin at the box.
+    void shadow(const Box& box);
     void box(const Box& box, const Shape& shape, Weight weight);
     void line(const Connection& connection, Weight weight);
     void label(const Connection& connection, const Shape& shape, Weight weight);
