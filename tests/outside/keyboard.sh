@@ -26,6 +26,17 @@ walk_through_panes() {
     goes_to alt+a TargetNode
 }
 
+# The control with the keyboard, once the window has one: while a focus moves there is none.
+focused_control() {
+    local name tries
+    for tries in {1..10}; do
+        name=$(spy frmSixPane focus)
+        [[ -z $name ]] || break
+        sleep 0.2
+    done
+    echo "$name"
+}
+
 # Tab goes through the lists, the buttons that can be pressed and the splitters, and comes round.
 walk_by_tab() {
     local seen='' name
@@ -34,7 +45,7 @@ walk_by_tab() {
     for _ in {1..24}; do
         xdotool key Tab
         sleep 0.15
-        name=$(spy frmSixPane focus)
+        name=$(focused_control)
         seen+=" $name"
         [[ $name != SourceMetaNode ]] || break
     done
