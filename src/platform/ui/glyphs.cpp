@@ -45,6 +45,11 @@ void addPlus(std::vector<GlyphStroke>& to, double x, double y, double reach) {
     return made({line({{3.5, 3.5}, {12.5, 12.5}}, colour), line({{12.5, 3.5}, {3.5, 12.5}}, colour)});
 }
 
+/// A magnifying glass with room for a sign in it.
+[[nodiscard]] std::vector<GlyphStroke> glass() {
+    return {line(glyphArc({6.5, 6.5}, 5, 0, 360), kInk, 1.5), line({{10.5, 10.5}, {14, 14}}, kInk, 2.5)};
+}
+
 [[nodiscard]] Shared arrow(bool left) {
     const auto at = [left](double x) { return left ? x : kGlyphUnits - x; };
     return made({line({{at(3), 8}, {at(13), 8}}, kBlue), line({{at(7), 4}, {at(3), 8}, {at(7), 12}}, kBlue)});
@@ -160,6 +165,64 @@ Shared search() {
 Shared revert() {
     static const Shared glyph = made({line(glyphArc({8.5, 8.5}, 4.5, 180, 450), kBlue, 1.5),
                                       {{{1.5, 7.5}, {6.5, 7.5}, {4, 11}}, kBlue, 0.5, true, true}});
+    return glyph;
+}
+
+Shared zoomIn() {
+    static const Shared glyph = [] {
+        std::vector<GlyphStroke> strokes = glass();
+        strokes.push_back(line({{4, 6.5}, {9, 6.5}}, kGreen, 1.5));
+        strokes.push_back(line({{6.5, 4}, {6.5, 9}}, kGreen, 1.5));
+        return made(std::move(strokes));
+    }();
+    return glyph;
+}
+
+Shared zoomOut() {
+    static const Shared glyph = [] {
+        std::vector<GlyphStroke> strokes = glass();
+        strokes.push_back(line({{4, 6.5}, {9, 6.5}}, kRed, 1.5));
+        return made(std::move(strokes));
+    }();
+    return glyph;
+}
+
+Shared fitAll() {
+    static const Shared glyph = [] {
+        std::vector<GlyphStroke> strokes;
+        for (const double x : {1.5, 14.5})
+            for (const double y : {1.5, 14.5}) {
+                const double inX = x < 8 ? x + 3 : x - 3;
+                const double inY = y < 8 ? y + 3 : y - 3;
+                strokes.push_back(line({{inX, y}, {x, y}, {x, inY}}, kInk, 1));
+            }
+        addBox(strokes, 4.5, 5.5, 11.5, 10.5);
+        return made(std::move(strokes));
+    }();
+    return glyph;
+}
+
+Shared actualSize() {
+    static const auto dot = [](double y) {
+        return GlyphStroke{{{7.5, y}, {8.5, y}, {8.5, y + 1}, {7.5, y + 1}}, kBlue, 0.5, true, true};
+    };
+    static const Shared glyph = made({line({{2.5, 5.5}, {4.5, 3.5}, {4.5, 12.5}}, kBlue, 1.5), dot(6),
+                                      dot(10), line({{10.5, 5.5}, {12.5, 3.5}, {12.5, 12.5}}, kBlue, 1.5)});
+    return glyph;
+}
+
+Shared print() {
+    static constexpr Colour kCase{205, 210, 218};
+    static constexpr Colour kPaper{255, 255, 255};
+    static const Points kTop{{4.5, 1.5}, {11.5, 1.5}, {11.5, 6.5}, {4.5, 6.5}};
+    static const Points kBody{{1.5, 6.5}, {14.5, 6.5}, {14.5, 11.5}, {1.5, 11.5}};
+    static const Points kSheet{{4.5, 9.5}, {11.5, 9.5}, {11.5, 14.5}, {4.5, 14.5}};
+    static const Shared glyph = made({{kTop, kPaper, 1, true, true},
+                                      {kTop, kInk, 1, true, false},
+                                      {kBody, kCase, 1, true, true},
+                                      {kBody, kInk, 1, true, false},
+                                      {kSheet, kPaper, 1, true, true},
+                                      {kSheet, kInk, 1, true, false}});
     return glyph;
 }
 

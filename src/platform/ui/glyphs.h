@@ -25,5 +25,10 @@ using Shared = std::shared_ptr<const Glyph>;
 [[nodiscard]] Shared forward();
 [[nodiscard]] Shared search();
 [[nodiscard]] Shared revert();
+[[nodiscard]] Shared zoomIn();      ///< a glass and a plus
+[[nodiscard]] Shared zoomOut();     ///< a glass and a minus
+[[nodiscard]] Shared fitAll();      ///< four corners around a box
+[[nodiscard]] Shared actualSize();  ///< one to one
+[[nodiscard]] Shared print();
 
 }  // namespace quorel::ui::glyphs
