@@ -1,0 +1,109 @@
+#include "diagram/overview.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "diagram/palette.h"
+
+namespace quorel::diagram {
+
+namespace {
+
+using ui::Rect;
+using ui::Twips;
+using namespace ui::literals;
+
+constexpr ui::Size kLargest{3000_tw, 2400_tw};
+constexpr Twips kSmallest = 450_tw;
+constexpr Twips kFromCorner = 150_tw;
+constexpr Twips kPixel = 15_tw;
+
+[[nodiscard]] std::int64_t length(Twips twips) noexcept {
+    return twips.value;
+}
+
+}  // namespace
+
+Rect placeOverview(ui::Size window, ui::Size drawing) noexcept {
+    const std::int64_t mostWidth = std::min(length(kLargest.width), length(window.width) / 3);
+    const std::int64_t mostHeight = std::min(length(kLargest.height), length(window.height) / 3);
+    if (drawing.width <= 0_tw || drawing.height <= 0_tw || std::min(mostWidth, mostHeight) < kSmallest.value)
+        return {};
+    const std::int64_t height =
+        std::min(mostHeight, mostWidth * length(drawing.height) / length(drawing.width));
+    const std::int64_t width =
+        std::min(mostWidth, mostHeight * length(drawing.width) / length(drawing.height));
+    const auto least = static_cast<std::int64_t>(kSmallest.value);
+    const Twips right{static_cast<std::int32_t>(std::max(width, least))};
+    const Twips bottom{static_cast<std::int32_t>(std::max(height, least))};
+    return {window.width - kFromCorner - right, window.height - kFromCorner - bottom, right, bottom};
+}
+
+Overview::Overview(std::u16string_view name) : DrawingArea(name) {
+    setText(u"Overview");
+    setTabStop(false);
+    setRaised(true);
+    setBackground(palette::kPaper);
+    setPointerShape(ui::PointerShape::Hand);
+    setPainter([this](ui::Canvas& canvas, const Rect& dirty) { paint(canvas, dirty); });
+    onMouseDown.connect([this](const ui::MouseEvent& event) {
+        if (event.button == ui::MouseButton::Left)
+            mouseIsAt(event.at);
+    });
+    onMouseMove.connect([this](const ui::MouseEvent& event) {
+        if (holdsMouse() && event.button == ui::MouseButton::Left)
+            mouseIsAt(event.at);
+    });
+}
+
+void Overview::show(const Rect& extent, const Rect& seen) {
+    const Rect before = frame();
+    const bool isOther = std::exchange(extent_, extent) != extent;
+    seen_ = seen;
+    if (isOther)
+        return invalidate();
+    for (Rect each : {before, frame()}) {
+        each = {each.left - kPixel * 2, each.top - kPixel * 2, each.width + kPixel * 4,
+                each.height + kPixel * 4};
+        invalidate(each);
+    }
+}
+
+ViewState Overview::whole() const noexcept {
+    ViewState view;
+    view.setExtent(extent_);
+    view.setWindow(bounds().size());
+    view.fit();
+    return view;
+}
+
+Rect Overview::frame() const noexcept {
+    if (std::min(bounds().width, bounds().height) < kSmallest)
+        return {};
+    const Rect all = whole().toWindow(seen_);
+    // Its edges stay in sight.
+    const Twips left = std::clamp(all.left, 0_tw, bounds().width - kPixel * 3);
+    const Twips top = std::clamp(all.top, 0_tw, bounds().height - kPixel * 3);
+    const Twips right = std::clamp(all.right(), left + kPixel * 2, bounds().width - kPixel);
+    const Twips bottom = std::clamp(all.bottom(), top + kPixel * 2, bounds().height - kPixel);
+    return {left, top, right - left, bottom - top};
+}
+
+void Overview::paint(ui::Canvas& canvas, const Rect& dirty) const {
+    canvas.fillRectangle(dirty, palette::kPaper);
+    if (paintBoxes_) {
+        canvas.setView(whole().canvasView(dirty));
+        paintBoxes_(canvas);
+    }
+    canvas.setView({dirty, {dirty.left, dirty.top}, 1});
+    canvas.drawRectangle({0_tw, 0_tw, bounds().width - kPixel, bounds().height - kPixel},
+                         {palette::kBorder, kPixel});
+    canvas.drawRectangle(frame(), {palette::kAccent, kPixel * 2});
+}
+
+void Overview::mouseIsAt(ui::Point at) {
+    onWanted.raise(toDrawing(at));
+}
+
+}  // namespace quorel::diagram
