@@ -23,12 +23,18 @@ Database::Database(std::u16string file, Mode mode) : file_(std::move(file)) {
 }
 
 void Database::run(const char* sql) {
+    const KeptRead::Use use(kept_.get());
+    if (kept_)
+        kept_->end();
     const int code = sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         throw error(code);
 }
 
 std::int64_t Database::number(const char* sql) {
+    const KeptRead::Use use(kept_.get());
+    if (kept_)
+        kept_->end();
     sqlite3_stmt* statement = nullptr;
     int code = sqlite3_prepare_v2(handle_.get(), sql, -1, &statement, nullptr);
     const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> owner(statement, &sqlite3_finalize);

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/automation/error.h"
+#include "repository/sqlite/kept_read.h"
 
 namespace quorel::repository::sqlite {
 
@@ -23,6 +24,11 @@ class Database {
     void run(const char* sql);
     /// The first column of the first row of a statement, as an integer; 0 when there is no row.
     [[nodiscard]] std::int64_t number(const char* sql);
+    /// From here until `endKeptReads` the statements that read share one reading of the file. Does nothing
+    /// for a file without a log. No statement may be finalized before the end.
+    void keepReads() { kept_ = std::make_unique<KeptRead>(handle_.get()); }
+    void endKeptReads() noexcept { kept_.reset(); }
+    [[nodiscard]] KeptRead* keptRead() const noexcept { return kept_.get(); }
     /// How long a statement waits for a lock of another connection.
     void setPatience(int milliseconds) noexcept { sqlite3_busy_timeout(handle_.get(), milliseconds); }
     [[nodiscard]] bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
@@ -32,7 +38,8 @@ class Database {
     }
     [[nodiscard]] std::int64_t changed() const noexcept { return sqlite3_changes64(handle_.get()); }
     /// Changes when a read finds that another connection has written; costs no statement.
-    [[nodiscard]] std::uint32_t dataVersion() const noexcept {
+    [[nodiscard]] std::uint32_t dataVersion() const {
+        const KeptRead::Use use(kept_.get());
         std::uint32_t version = 0;
         sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
         return version;
@@ -50,6 +57,7 @@ class Database {
 
     std::u16string file_;
     std::unique_ptr<sqlite3, Close> handle_;
+    std::unique_ptr<KeptRead> kept_;
 };
 
 }  // namespace quorel::repository::sqlite

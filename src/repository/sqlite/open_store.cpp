@@ -28,6 +28,7 @@ std::unique_ptr<Store> openStore(const std::u16string& file) {
     upgradeSchema(*database);
     auto store = std::make_unique<SqliteStore>(std::move(database));
     store->removeAbandoned();
+    store->keepReads();
     return store;
 }
 
@@ -44,6 +45,7 @@ std::unique_ptr<Store> createStore(const std::u16string& file) {
         database->run(kSettings);
         createSchema(*database);
         database->run("PRAGMA journal_mode = WAL");
+        database->keepReads();
         return std::make_unique<SqliteStore>(std::move(database));
     } catch (...) {
         std::filesystem::remove(path, ignored);

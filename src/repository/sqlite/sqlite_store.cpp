@@ -17,6 +17,7 @@ SqliteStore::~SqliteStore() {
     } catch (const std::exception&) {
         // They are removed when the file is opened next.
     }
+    database_->endKeptReads();
 }
 
 void SqliteStore::begin() {

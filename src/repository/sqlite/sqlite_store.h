@@ -66,6 +66,7 @@ class SqliteStore final : public Store {
 
     /// Removes what an earlier session that was cut short left behind, if nobody else has the file open.
     void removeAbandoned();
+    void keepReads() { database_->keepReads(); }
 
   private:
     [[nodiscard]] ScopeStatements& scopeStatements(const ElementScope& scope);

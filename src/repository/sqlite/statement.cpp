@@ -9,6 +9,8 @@ void Statement::prepare() {
                                         SQLITE_PREPARE_PERSISTENT, &handle_, nullptr);
     if (code != SQLITE_OK)
         throw database_.error(code);
+    // What changes the file, and what begins or ends a transaction, gives no columns.
+    reads_ = sqlite3_column_count(handle_) != 0;
 }
 
 bool Run::finishUnlessTaken() {

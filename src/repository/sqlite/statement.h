@@ -27,6 +27,7 @@ class Statement {
     Database& database_;
     std::string sql_;
     sqlite3_stmt* handle_ = nullptr;
+    bool reads_ = false;
 };
 
 /// One execution of a statement; its end makes the statement ready for the next. Text and bytes that are
@@ -35,9 +36,12 @@ class Run {
   public:
     /// Binds the arguments in order: integers, enumerations over integers, doubles, UTF-8 text.
     template <class... Args>
-    explicit Run(Statement& statement, const Args&... arguments) : statement_(statement) {
+    explicit Run(Statement& statement, const Args&... arguments)
+        : statement_(statement), use_(statement.database_.keptRead()) {
         if (statement.handle_ == nullptr)
             statement.prepare();
+        if (KeptRead* kept = statement.database_.keptRead())
+            prepareReading(*kept);
         int index = 0;
         (bind(++index, arguments), ...);
     }
@@ -89,7 +93,15 @@ class Run {
     void bind(int index, Id id) { bind(index, static_cast<std::int64_t>(id)); }
 
   private:
+    void prepareReading(KeptRead& kept) {
+        if (!statement_.reads_)
+            return kept.end();
+        if (const int code = kept.begin(); code != SQLITE_OK)
+            throw statement_.database_.error(code);
+    }
+
     Statement& statement_;
+    KeptRead::Use use_;
 };
 
 }  // namespace quorel::repository::sqlite

@@ -19,8 +19,13 @@ TEST(ImportProgram, TheCommandLineIsUnderstood) {
     EXPECT_EQ(apt.output, u"out");
     EXPECT_FALSE(apt.replace);
     const Arguments json = hosts::parseArguments({u"--replace", u"--jsonl", u"--", u"-in", u"out"});
-    EXPECT_EQ(json.input, u"-in");
+    EXPECT_EQ(json.inputs, std::vector<std::u16string>{u"-in"});
     EXPECT_TRUE(json.replace);
+    const Arguments moddle = hosts::parseArguments({u"--moddle", u"a.json", u"b.json", u"out"});
+    EXPECT_EQ(moddle.action, Arguments::Action::ImportModdle);
+    EXPECT_EQ(moddle.inputs, (std::vector<std::u16string>{u"a.json", u"b.json"}));
+    EXPECT_EQ(moddle.output, u"out");
+    EXPECT_EQ(hosts::parseArguments({u"--ecore", u"a", u"b"}).action, Arguments::Action::ImportEcore);
     EXPECT_EQ(hosts::parseArguments({u"--export", u"a", u"b", u"--help"}).action, Arguments::Action::Help);
 }
 
@@ -42,6 +47,30 @@ TEST(ImportProgram, ItsExitCodesTellWhatHappened) {
     EXPECT_TRUE(contentsOf(folder.path() / "out.jsonl") == contentsOf(QUOREL_SAMPLES "/library.jsonl"));
     EXPECT_EQ(hosts::runImport({u"--apt", u"--lists", folder.file(), folder.file("x")}), 1);
     EXPECT_EQ(folder.count(), 2U);
+}
+
+TEST(ImportProgram, MetamodelsAreImportedAndNamedAfterTheirPackages) {
+    TemporaryFolder folder;
+    writeFile(folder.path() / "a.json", R"({"prefix":"a","uri":"urn:a","types":[{"name":"A","odd":1}]})");
+    writeFile(folder.path() / "b.json",
+              R"({"prefix":"b","types":[{"name":"B","superClass":["a:A","c:C"]}]})");
+    writeFile(folder.path() / "c.ecore", "<a/>");
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(hosts::runImport({u"--moddle", folder.file("a.json"), folder.file("b.json"), folder.file()}),
+              0);
+    const std::string words = ::testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(words.starts_with("Imported 3 meta nodes with 0 properties and 2 meta links: ")) << words;
+    EXPECT_TRUE(words.ends_with("\nNot taken:\n       1  type member 'odd'\n")) << words;
+    const auto repository = automation::make<Repository>();
+    repository->open(folder.file());
+    EXPECT_EQ(textOf(Object(repository).get(u"name")), "a, b");
+    EXPECT_EQ(textOf(Object(repository).get(u"Description")), "urn:a");
+    EXPECT_EQ(textOf(Object(repository).get(u"RepType")), "Metamodel");
+    EXPECT_EQ(hosts::runImport({u"--moddle", folder.file("a.json"), folder.file()}), 1) << "it exists";
+    EXPECT_EQ(hosts::runImport({u"--moddle", folder.file("a.json")}), 2);
+    EXPECT_EQ(hosts::runImport({u"--ecore", folder.file("c.ecore"), folder.file("x")}), 1);
+    EXPECT_EQ(hosts::runImport({u"--ecore", folder.file("missing"), folder.file("x")}), 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "x"));
 }
 
 class Display : public ::testing::Test {
