@@ -121,7 +121,12 @@ class Column {
 };
 
 void addSection(Column& column, const std::vector<PropertyLine>& properties) {
+    std::size_t count = 0;
     for (const PropertyLine& property : properties) {
+        if (++count > kMostPropertyLines) {
+            column.add(std::u16string(1, kEllipsis), TextRole::Property);
+            return;
+        }
         std::u16string type;
         if (!property.type.empty())
             type.append(u": ").append(shownLine(property.type));

@@ -22,6 +22,9 @@ inline constexpr std::size_t kLongestText = 80;
 /// A name of more lines shows the first ones and the last.
 inline constexpr std::size_t kMostHeaderLines = 8;
 
+/// A section of more lines shows that many and an ellipsis.
+inline constexpr std::size_t kMostPropertyLines = 100'000;
+
 /// What a text is, and so its font and colour.
 enum class TextRole : std::uint8_t { Stereotype, Name, Label, Property, Type };
 
