@@ -36,8 +36,14 @@ setup_sqlite() {
     tools/fetch-sqlite >"$logs/sqlite.log" 2>&1 || fail "SQLite's sources could not be made; see $logs/sqlite.log"
 }
 
+setup_expat() {
+    [[ -f build/third_party/expat/xmlparse.c ]] || say "Taking Expat's sources for Windows from Debian's source package"
+    tools/fetch-expat >"$logs/expat.log" 2>&1 || fail "Expat's sources could not be fetched; see $logs/expat.log"
+}
+
 # What only the native builds need, and what the Windows build needs besides.
 setup() {
     setup_packages
     setup_sqlite
+    setup_expat
 }
