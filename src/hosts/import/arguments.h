@@ -8,10 +8,10 @@ namespace quorel::hosts {
 
 /// What the command line asks for.
 struct Arguments {
-    enum class Action { Help, ImportPackages, ImportJsonLines, ExportJsonLines };
+    enum class Action { Help, ImportPackages, ImportJsonLines, ImportModdle, ImportEcore, ExportJsonLines };
     Action action = Action::Help;
     std::u16string lists = u"/var/lib/apt/lists";
-    std::u16string input;
+    std::vector<std::u16string> inputs;  ///< one, or several descriptors or models
     std::u16string output;
     bool replace = false;
 };

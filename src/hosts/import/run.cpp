@@ -12,7 +12,10 @@
 #include "platform/automation/text.h"
 #include "repository/errors.h"
 #include "repository/import/debian_import.h"
+#include "repository/import/ecore_import.h"
 #include "repository/import/json_lines.h"
+#include "repository/import/metamodel.h"
+#include "repository/import/moddle_import.h"
 #include "repository/import/new_file.h"
 #include "repository/sqlite/file_check.h"
 #include "repository/sqlite/sqlite_store.h"
@@ -35,6 +38,16 @@ void setRepositoryProperties(repository::Store& store, std::u16string_view name,
     store.setRepositoryProperty(u"Version", u"1.0");
 }
 
+template <class Counts>
+std::string summaryOf(const Counts& counts) {
+    return std::to_string(counts.nodes) + " nodes and " + std::to_string(counts.links) + " links";
+}
+
+std::string summaryOf(const repository::metamodel::Outcome& outcome) {
+    return std::to_string(outcome.metaNodes) + " meta nodes with " + std::to_string(outcome.properties) +
+           " properties and " + std::to_string(outcome.metaLinks) + " meta links";
+}
+
 /// Runs `work` with a progress display and says at the end what came of it.
 template <class Work>
 void withProgress(const char* verb, const std::u16string& output, ProgressDisplay::Unit unit, Work work) {
@@ -51,9 +64,8 @@ void withProgress(const char* verb, const std::u16string& output, ProgressDispla
     display.finish();
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     const double size = static_cast<double>(std::filesystem::file_size(repository::sqlite::pathOf(output)));
-    std::printf("%s %lld nodes and %lld links: %s, %.1f MB, in %.1f s\n", verb,
-                static_cast<long long>(counts.nodes), static_cast<long long>(counts.links),
-                toUtf8(output).c_str(), size / 1e6, seconds);
+    std::printf("%s %s: %s, %.1f MB, in %.1f s\n", verb, summaryOf(counts).c_str(), toUtf8(output).c_str(),
+                size / 1e6, seconds);
 }
 
 void importPackages(const Arguments& arguments) {
@@ -76,7 +88,7 @@ void importPackages(const Arguments& arguments) {
 void importJsonLines(const Arguments& arguments) {
     withProgress("Imported", arguments.output, ProgressDisplay::Unit::Bytes,
                  [&](const repository::ReportProgress& report) {
-                     const std::filesystem::path input = repository::sqlite::pathOf(arguments.input);
+                     const std::filesystem::path input = repository::sqlite::pathOf(arguments.inputs.front());
                      repository::LineReader lines(repository::openPlainFile(input), repository::shown(input));
                      std::error_code ignored;
                      const std::uintmax_t size = std::filesystem::file_size(input, ignored);
@@ -87,6 +99,50 @@ void importJsonLines(const Arguments& arguments) {
                          });
                      return counts;
                  });
+}
+
+/// The names and the addresses of the outermost packages.
+void nameRepository(repository::Store& store, const repository::metamodel::Metamodel& metamodel) {
+    std::u16string names, addresses;
+    const auto append = [](std::u16string& list, const std::u16string& text) {
+        list.append(list.empty() || text.empty() ? u"" : u", ").append(text);
+    };
+    for (const repository::metamodel::Package& package : metamodel.packages) {
+        if (package.isNested || package.isNamedOnly)
+            continue;
+        append(names, package.name);
+        append(addresses, package.address);
+    }
+    setRepositoryProperties(store, names, addresses, u"Metamodel");
+}
+
+/// What did not go into the repository as it was in the files.
+void printRest(const repository::metamodel::Outcome& outcome) {
+    if (!outcome.renamed.empty())
+        std::printf("Renamed, as the names were taken:\n");
+    for (const std::u16string& line : outcome.renamed)
+        std::printf("  %s\n", toUtf8(line).c_str());
+    std::printf(outcome.notTaken.empty() ? "Nothing was left out\n" : "Not taken:\n");
+    for (const auto& [kind, count] : outcome.notTaken)
+        std::printf("%8lld  %s\n", static_cast<long long>(count), kind.c_str());
+}
+
+void importMetamodel(const Arguments& arguments, decltype(repository::metamodel::readEcore)* read) {
+    std::vector<std::filesystem::path> inputs;
+    for (const std::u16string& input : arguments.inputs)
+        inputs.push_back(repository::sqlite::pathOf(input));
+    repository::metamodel::Outcome outcome;
+    withProgress("Imported", arguments.output, ProgressDisplay::Unit::Bytes,
+                 [&](const repository::ReportProgress& report) {
+                     repository::makeRepositoryFile(
+                         arguments.output, arguments.replace, [&](repository::Store& store) {
+                             const auto metamodel = read(inputs, repository::openPlainFile, report);
+                             nameRepository(store, metamodel);
+                             outcome = repository::metamodel::write(store, metamodel);
+                         });
+                     return outcome;
+                 });
+    printRest(outcome);
 }
 
 [[noreturn]] void refuseOutput(const std::u16string& output) {
@@ -100,7 +156,7 @@ repository::JsonCounts exportTo(const Arguments& arguments, const repository::Re
     if (!arguments.replace && std::filesystem::exists(output))
         throw repository::failure(repository::error_number::kFileAlreadyExists,
                                   u"The file " + repository::inQuotes(arguments.output) + u" already exists");
-    const auto store = repository::sqlite::openStore(arguments.input);
+    const auto store = repository::sqlite::openStore(arguments.inputs.front());
     const std::filesystem::path unfinished = repository::sqlite::pathOf(arguments.output + u".exporting");
     std::ofstream out(unfinished, std::ios::binary);
     if (!out)
@@ -131,6 +187,10 @@ void perform(const Arguments& arguments) {
             return importPackages(arguments);
         case Arguments::Action::ImportJsonLines:
             return importJsonLines(arguments);
+        case Arguments::Action::ImportModdle:
+            return importMetamodel(arguments, repository::metamodel::readModdle);
+        case Arguments::Action::ImportEcore:
+            return importMetamodel(arguments, repository::metamodel::readEcore);
         case Arguments::Action::ExportJsonLines:
             return exportJsonLines(arguments);
     }

@@ -48,6 +48,12 @@ std::unique_ptr<ByteSource> openPlainFile(const std::filesystem::path& path) {
     return std::make_unique<PlainFile>(path);
 }
 
+automation::Error malformed(std::string_view name, std::uint64_t line, std::string_view reason) {
+    std::string text(name);
+    text.append(":").append(std::to_string(line)).append(": ").append(reason);
+    return failure(error_number::kBadFileFormat, automation::fromUtf8(text));
+}
+
 LineReader::LineReader(std::unique_ptr<ByteSource> source, std::string name)
     : source_(std::move(source)), name_(std::move(name)), buffer_(kFirstBuffer) {}
 
@@ -93,8 +99,7 @@ bool LineReader::next(std::string_view& line) {
 }
 
 automation::Error LineReader::error(std::uint64_t line, std::string_view reason) const {
-    const std::string text = name_ + ":" + std::to_string(line) + ": " + std::string(reason);
-    return failure(error_number::kBadFileFormat, automation::fromUtf8(text));
+    return malformed(name_, line, reason);
 }
 
 }  // namespace quorel::repository

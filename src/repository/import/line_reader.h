@@ -28,6 +28,9 @@ using OpenSource = std::function<std::unique_ptr<ByteSource>(const std::filesyst
 /// A plain file. Throws `Error` 53 or 75 when it cannot be opened.
 [[nodiscard]] std::unique_ptr<ByteSource> openPlainFile(const std::filesystem::path& path);
 
+/// What is wrong with a file: "NAME:LINE: REASON", with the number of the cause. Both texts are UTF-8.
+[[nodiscard]] automation::Error malformed(std::string_view name, std::uint64_t line, std::string_view reason);
+
 /// Reads a text line by line, knowing where it is.
 class LineReader {
   public:
