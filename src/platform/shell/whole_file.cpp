@@ -1,6 +1,14 @@
 #include "platform/shell/whole_file.h"
 
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include <cstdio>
 #include <fstream>
+#include <memory>
 #include <random>
 #include <string>
 #include <system_error>
@@ -36,6 +44,21 @@ class TemporaryFile {
     return failure ? file : target;
 }
 
+struct CloseFile {
+    void operator()(std::FILE* file) const noexcept { static_cast<void>(std::fclose(file)); }
+};
+
+/// Waits until what is in a file is on the disk.
+[[nodiscard]] bool flushToDisk(const fs::path& path) {
+#ifdef _WIN32
+    const std::unique_ptr<std::FILE, CloseFile> file(::_wfopen(path.c_str(), L"r+b"));
+    return file && ::_commit(::_fileno(file.get())) == 0;
+#else
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "r+b"));
+    return file && ::fsync(::fileno(file.get())) == 0;
+#endif
+}
+
 }  // namespace
 
 bool replaceFile(const fs::path& file, const std::function<void(std::ostream&)>& write) {
@@ -46,7 +69,7 @@ bool replaceFile(const fs::path& file, const std::function<void(std::ostream&)>&
         std::ofstream out(next.path(), std::ios::binary);
         write(out);
         out.close();
-        if (!out)
+        if (!out || !flushToDisk(next.path()))
             return false;
     }
     if (fs::exists(target, failure))
