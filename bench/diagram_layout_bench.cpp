@@ -1,5 +1,6 @@
 // The layout of generated class diagrams beside Graphviz's dot (Debian's package graphviz), which is run as a
-// program if it is installed.
+// program if it is installed. With files of repositories as arguments, the diagrams of their metamodels
+// instead of generated ones, without and with the labels of their connections.
 //
 // Both get the same boxes, connections and gaps. The time of dot is that of its run, from the text to the
 // places (-Tplain); ours is that of the call, the median of several. Crossings are counted in both drawings
@@ -16,6 +17,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -28,6 +30,8 @@
 #include "diagram/layout/component.h"
 #include "diagram/layout/crossings.h"
 #include "diagram/layout/layout.h"
+#include "metamodel_diagram.h"
+#include "platform/automation/text.h"
 #include "ratio.h"
 #include "tests/diagram/layout/generated_diagrams.h"
 
@@ -258,9 +262,7 @@ void compareWithDot(const Diagram& diagram, std::int64_t ours, double ourSeconds
     std::fflush(stdout);
 }
 
-void measure(std::size_t boxes, std::size_t connections, std::uint64_t seed, Labels labels, const Aims& aims,
-             bool dot) {
-    const Diagram diagram = classDiagram(boxes, connections, seed, labels);
+void measure(const Diagram& diagram, const std::string& title, const Aims& aims, bool dot) {
     // First, while nothing of it is resident.
     const double memory = memoryOf(diagram);
     std::optional<Arrangement> arrangement;
@@ -269,16 +271,33 @@ void measure(std::size_t boxes, std::size_t connections, std::uint64_t seed, Lab
         times.push_back(quorel::bench::seconds([&] { arrangement = arrange(diagram); }));
     const std::int64_t crossings = countCrossings(diagram, drawingOf(diagram, *arrangement));
     const double seconds = quorel::bench::median(times);
-    std::printf("%5zu/%5zu%s, seed %llu: %.1f ms", boxes, connections,
-                labels == Labels::All ? " with labels" : "", static_cast<unsigned long long>(seed),
-                seconds * 1e3);
+    std::printf("%s: %.1f ms", title.c_str(), seconds * 1e3);
     if (aims.seconds > 0)
         std::printf(" (aim: %.0f)", aims.seconds * 1e3);
     std::printf(", %lld crossings, %d ranks, %.1f MB\n", static_cast<long long>(crossings),
                 *std::max_element(arrangement->ranks.begin(), arrangement->ranks.end()) + 1, memory);
     std::fflush(stdout);
-    if (dot && labels == Labels::None)
+    if (dot)
         compareWithDot(diagram, crossings, seconds, aims);
+}
+
+void measure(std::size_t boxes, std::size_t connections, std::uint64_t seed, Labels labels, const Aims& aims,
+             bool dot) {
+    std::array<char, 100> title{};
+    std::snprintf(title.data(), title.size(), "%5zu/%5zu%s, seed %llu", boxes, connections,
+                  labels == Labels::All ? " with labels" : "", static_cast<unsigned long long>(seed));
+    measure(classDiagram(boxes, connections, seed, labels), title.data(), aims,
+            dot && labels == Labels::None);
+}
+
+void measureMetamodel(const std::string& file, bool dot) {
+    Diagram diagram = quorel::bench::metamodelDiagram(quorel::automation::fromUtf8(file));
+    const std::string title = file.substr(file.rfind('/') + 1) + ", " + std::to_string(diagram.boxes.size()) +
+                              "/" + std::to_string(diagram.connections.size());
+    measure(diagram, title + " with labels", {}, false);
+    for (Connection& connection : diagram.connections)
+        connection.label = {};
+    measure(diagram, title, {0, 1.10, 0}, dot);
 }
 
 /// Each case in a process of its own, so that none finds memory that another left.
@@ -296,10 +315,14 @@ void apart(Case run) {
 
 }  // namespace
 
-int main() {
+int main(int count, char** words) {
     const bool dot = std::system("command -v dot >/dev/null 2>&1") == 0;
     if (!dot)
         std::printf("dot is not installed (package graphviz): only our own figures\n");
+    for (int i = 1; i < count; ++i)
+        apart([&] { measureMetamodel(words[i], dot); });
+    if (count > 1)
+        return 0;
     for (std::uint64_t seed = 1; seed <= 10; ++seed)
         apart([&] { measure(100, 300, seed, Labels::None, {0.05, 1.15, 0}, dot); });
     apart([] { measure(100, 300, 1, Labels::All, {0.05, 0, 0}, false); });
