@@ -67,7 +67,18 @@ frmDiagram::frmDiagram(const frame::Environment& environment, std::shared_ptr<Di
     setMinimumClientSize(leastWindowSize(parts()));
     setClientSize(kFirstSize);
     place();
+    view_.setModel(model_);
+    enableButtons();
     view_.area().focus();
+}
+
+std::shared_ptr<frmDiagram> makeDiagramWindow(const frame::Environment& environment,
+                                              const std::shared_ptr<DiagramModel>& model,
+                                              bool standardButtons) {
+    auto window = std::make_shared<frmDiagram>(environment, model);
+    if (standardButtons)
+        window->AddStandardButtons();
+    return window;
 }
 
 void frmDiagram::addButtons() {
@@ -113,15 +124,7 @@ void frmDiagram::AddStandardButtons() {
 }
 
 void frmDiagram::PopUp() {
-    procedure(u"PopUp", [this] {
-        wasShown_ = true;
-        view_.setModel(model_);
-        enableButtons();
-        tell({});
-        tellStatus();
-        view_.area().focus();
-        show(ui::Modality::Modal);
-    });
+    procedure(u"PopUp", [this] { show(ui::Modality::Modal); });
 }
 
 void frmDiagram::Conceal() {
@@ -140,8 +143,6 @@ void frmDiagram::Form_Load() {
 }
 
 void frmDiagram::Form_Unload() {
-    if (!wasShown_)
-        return;
     const frame::WindowPlacement former = frame::readWindowPlacement(environment_.settings, name(), {})
                                               .value_or(frame::WindowPlacement{.size = kFirstSize});
     frame::writeWindowPlacement(environment_.settings, name(), frame::placementOf(*this, former), {});

@@ -15,19 +15,20 @@
 
 namespace quorel::diagram {
 
-/// The window of a diagram: the diagram, a status line, a find box while it is wanted (Ctrl+F) and, if the
-/// host asks for them, the standard buttons. Esc leaves the find box, then clears what is chosen, then hides
-/// the window. What fails in its procedures is shown in the error box with the module label "frmDiagram".
+/// The window of an arranged diagram, which it does not change but by the user moving boxes: the diagram, a
+/// status line, a find box while it is wanted (Ctrl+F) and, if the host asks for them, the standard buttons.
+/// Esc leaves the find box, then clears what is chosen, then hides the window. What fails in its procedures
+/// is shown in the error box with the module label "frmDiagram".
 class frmDiagram final : public ui::Form {
   public:
     frmDiagram(const frame::Environment& environment, std::shared_ptr<DiagramModel> model);
 
     /// Zoom in, zoom out, fit, 100 %, find, print, save.
     void AddStandardButtons();
-    /// Shows the diagram as it is arranged now; returns when the window is hidden or closed.
+    /// Returns when the window is hidden or closed.
     void PopUp();
     void Conceal();
-    /// Drops the diagram.
+    /// Drops the diagram; the window is empty from then on.
     void Destroy() noexcept;
 
     [[nodiscard]] DiagramView& view() noexcept { return view_; }
@@ -79,7 +80,11 @@ class frmDiagram final : public ui::Form {
     ui::StatusBar& status_;
     BoxSearch search_;
     bool withButtons_ = false;
-    bool wasShown_ = false;
 };
+
+/// Not loaded yet.
+[[nodiscard]] std::shared_ptr<frmDiagram> makeDiagramWindow(const frame::Environment& environment,
+                                                            const std::shared_ptr<DiagramModel>& model,
+                                                            bool standardButtons);
 
 }  // namespace quorel::diagram
