@@ -173,11 +173,15 @@ void DiagramView::select(std::optional<std::size_t> box) {
     area_.invalidate();
 }
 
-void DiagramView::choose(std::optional<std::size_t> box) {
-    if (selected_ == box)
-        return;
-    select(box);
-    onSelect.raise();
+/// Whoever is told may end all this, so that comes last.
+void DiagramView::choose(std::optional<std::size_t> box, bool hasMoved) {
+    const bool isOther = selected_ != box;
+    if (isOther)
+        select(box);
+    if (hasMoved)
+        viewChanged();
+    if (isOther)
+        onSelect.raise();
 }
 
 /// What a screen reader says of it.
@@ -198,8 +202,7 @@ void DiagramView::show(std::size_t box) {
     if (detailAt(*model_, view_.scale()) != Detail::Full)
         view_.setScale(1);
     view_.centreOn(model_->boxes[box].place);
-    viewChanged();
-    choose(box);
+    choose(box, true);
 }
 
 std::optional<std::size_t> DiagramView::boxUnder(Point at) const {

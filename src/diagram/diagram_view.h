@@ -69,7 +69,7 @@ class DiagramView : public ui::Panel {
     void paintNothing(ui::Canvas& canvas) const;
     void viewChanged();
     void place();
-    void choose(std::optional<std::size_t> box);
+    void choose(std::optional<std::size_t> box, bool hasMoved);
     void describe();
 
     void mouseDown(const ui::MouseEvent& event);

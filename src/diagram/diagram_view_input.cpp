@@ -78,7 +78,7 @@ void DiagramView::mouseUp(const ui::MouseEvent& event) {
     endGesture();
     hover(event.at);
     if (isClick)
-        choose(clicked);
+        choose(clicked, false);
 }
 
 /// What a drag has moved stays where it is; the drawing may be larger now.
@@ -111,8 +111,7 @@ void DiagramView::doubleClicked(const ui::MouseEvent& event) {
     else
         view_.centreOn(view_.toDrawing(event.at));
     hovered_.reset();
-    viewChanged();
-    choose(box);
+    choose(box, true);
 }
 
 void DiagramView::wheelTurned(const ui::MouseEvent& event) {
@@ -214,11 +213,9 @@ void DiagramView::goToBox(std::size_t box) {
     const Point before = view_.middle();
     view_.reveal(
         {place.left - margin, place.top - margin, place.width + margin * 2, place.height + margin * 2});
-    if (view_.middle() != before) {
-        fitted_ = false;
-        viewChanged();
-    }
-    choose(box);
+    const bool hasMoved = view_.middle() != before;
+    fitted_ = fitted_ && !hasMoved;
+    choose(box, hasMoved);
 }
 
 bool DiagramView::escape() {
@@ -228,7 +225,7 @@ bool DiagramView::escape() {
     }
     if (!selected_)
         return false;
-    choose(std::nullopt);
+    choose(std::nullopt, false);
     return true;
 }
 
