@@ -19,6 +19,7 @@ Library::Library()
     : desktop_(win32::thisModule()),
       fileDialogs_(desktop_),
       valuePickers_(desktop_),
+      drawingExport_(desktop_),
       classes_(win32::createPlatformObject),
       environment_{.desktop = desktop_,
                    .classes = classes_,
@@ -28,7 +29,8 @@ Library::Library()
                    .valuePickers = &valuePickers_,
                    .pictureObjects = &pictureObjects_,
                    .folderBrowser = &fileDialogs_,
-                   .libraryFolder = win32::thisModuleFolder()},
+                   .libraryFolder = win32::thisModuleFolder(),
+                   .drawingExport = &drawingExport_},
       module_(classesOf(environment_), publicTypeLibrary()) {}
 
 HRESULT Library::canUnloadNow() const noexcept {

@@ -6,6 +6,7 @@
 #include "platform/win32/ui/registry_settings_store.h"
 #include "platform/win32/ui/windows_clock.h"
 #include "platform/win32/ui/windows_desktop.h"
+#include "platform/win32/ui/windows_drawing_export.h"
 #include "platform/win32/ui/windows_file_dialogs.h"
 #include "platform/win32/ui/windows_picture_objects.h"
 #include "platform/win32/ui/windows_value_pickers.h"
@@ -28,6 +29,7 @@ class Library {
     win32::WindowsFileDialogs fileDialogs_;
     win32::WindowsValuePickers valuePickers_;
     win32::WindowsPictureObjects pictureObjects_;
+    win32::WindowsDrawingExport drawingExport_;
     automation::ClassRegistry classes_;
     frame::Environment environment_;
     win32::ComModule module_;

@@ -54,9 +54,17 @@ LRESULT DrawingWindow::serve(UINT message, WPARAM w, LPARAM l) {
     if (control() == nullptr)
         return NativeWindow::serve(message, w, l);
     switch (message) {
-        case WM_PAINT:
-            paint();
+        case WM_PAINT: {
+            const PaintScope paint(handle());
+            paintOn(paint.dc(), paint.dirty());
             return 0;
+        }
+        case WM_PRINTCLIENT: {
+            RECT client{};
+            ::GetClientRect(handle(), &client);
+            paintOn(reinterpret_cast<HDC>(w), client);
+            return 0;
+        }
         case WM_ERASEBKGND:
             return 1;
         case WM_SETCURSOR:
@@ -172,9 +180,28 @@ bool DrawingWindow::showsShape(LPARAM hit) const {
     return true;
 }
 
-void DrawingWindow::paint() {
-    const PaintScope paint(handle());
-    fillBackground(paint.dc());
+/// On the background. The painter may end the window, and run a loop that paints it again.
+std::shared_ptr<const DrawingSurface> DrawingWindow::draw(const RECT& dirty) {
+    RECT client{};
+    ::GetClientRect(handle(), &client);
+    if (!surface_ || surface_->pixels().width < client.right || surface_->pixels().height < client.bottom)
+        surface_ = std::make_shared<DrawingSurface>(client.right, client.bottom);
+    const std::shared_ptr<DrawingSurface> surface = surface_;
+    const ui::PixelRect bounds{dirty.left, dirty.top, dirty.right, dirty.bottom};
+    const std::optional<ui::Colour> colour = background();
+    ui::fillArea(surface->pixels(), bounds, bounds, colour ? *colour : toColour(::GetSysColor(COLOR_WINDOW)));
+    SurfaceCanvas canvas(*surface, tools_, ui::CanvasMapping(static_cast<double>(dpi()) / ui::kTwipsPerInch),
+                         bounds);
+    const ui::Point from = pointAt({dirty.left, dirty.top}), to = pointAt({dirty.right, dirty.bottom});
+    area().userPaints(canvas, {from.x, from.y, to.x - from.x, to.y - from.y});
+    ::GdiFlush();
+    return surface;
+}
+
+void DrawingWindow::paintOn(HDC dc, const RECT& dirty) {
+    if (::IsRectEmpty(&dirty) == FALSE)
+        ::BitBlt(dc, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top,
+                 draw(dirty)->dc(), dirty.left, dirty.top, SRCCOPY);
 }
 
 }  // namespace quorel::win32

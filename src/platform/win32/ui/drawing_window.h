@@ -2,6 +2,7 @@
 
 #include "platform/ui/drawing_area.h"
 #include "platform/win32/ui/native_window.h"
+#include "platform/win32/ui/surface_canvas.h"
 
 namespace quorel::win32 {
 
@@ -9,7 +10,7 @@ namespace quorel::win32 {
 class DrawingWindow : public NativeWindow {
   public:
     DrawingWindow(std::shared_ptr<Frame> frame, ui::DrawingArea& area)
-        : NativeWindow(std::move(frame), area) {}
+        : NativeWindow(std::move(frame), area), tools_(services().tools) {}
     void invalidate(const ui::Rect& area) override;
     void rescaled() override;
 
@@ -26,10 +27,15 @@ class DrawingWindow : public NativeWindow {
     void lose();
     [[nodiscard]] bool turnWheel(WPARAM w, LPARAM onScreen);
     [[nodiscard]] bool showsShape(LPARAM hit) const;
-    void paint();
+    void paintOn(HDC dc, const RECT& dirty);
     [[nodiscard]] ui::Point pointAt(POINT pixel) const noexcept;
     [[nodiscard]] ui::DrawingArea& area() const noexcept { return static_cast<ui::DrawingArea&>(*control()); }
 
+    /// Draws what is dirty and answers where.
+    [[nodiscard]] std::shared_ptr<const DrawingSurface> draw(const RECT& dirty);
+
+    CanvasTools tools_;
+    std::shared_ptr<DrawingSurface> surface_;  ///< as large as the window was at its largest
     ui::MouseButton held_ = ui::MouseButton::None;
     bool tracked_ = false;  ///< the system tells when the mouse leaves
 };

@@ -37,14 +37,14 @@ int CALLBACK selectFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
     throw automation::Error(automation::error_number::kInvalidCall, u"The path of the folder is too long");
 }
 
-[[nodiscard]] std::u16string pathOf(PCIDLIST_ABSOLUTE item) {
+}  // namespace
+
+std::u16string folderPath(PCIDLIST_ABSOLUTE item) {
     std::vector<wchar_t> path(kLongestPath);
     if (::SHGetPathFromIDListEx(item, path.data(), kLongestPath - 1, GPFIDL_DEFAULT) == FALSE)
         refuse();
     return checkedFolder(narrowView(path.data()));
 }
-
-}  // namespace
 
 std::u16string checkedFolder(std::u16string_view path) {
     std::u16string folder(path);
@@ -74,7 +74,7 @@ std::optional<std::u16string> folderDialog(WindowsDesktop& desktop, const Folder
     const ItemList chosen(::SHBrowseForFolderW(&dialog));
     if (!chosen)
         return std::nullopt;
-    return pathOf(chosen.get());
+    return folderPath(chosen.get());
 }
 
 }  // namespace quorel::win32

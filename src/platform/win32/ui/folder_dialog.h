@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// The shell's types are complete only behind the system's.
+#include <shtypes.h>
 
 #include <optional>
 #include <string>
@@ -21,6 +23,9 @@ struct FolderRequest {
 /// `automation::Error` 5 when the path of what was chosen cannot be told in full.
 [[nodiscard]] std::optional<std::u16string> folderDialog(WindowsDesktop& desktop,
                                                          const FolderRequest& request);
+
+/// The path of a folder that the shell names by its list of items. Throws as the dialog does.
+[[nodiscard]] std::u16string folderPath(PCIDLIST_ABSOLUTE item);
 
 /// A path that the shell has told, if it has at most 259 characters and is not one of those that it has cut
 /// to that. Throws as the dialog does.

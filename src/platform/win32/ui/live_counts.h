@@ -46,6 +46,7 @@ inline void closeCountedHook(HHOOK hook) noexcept {
 }
 
 using CountedFont = Unique<HFONT, closeCountedGdi>;
+using CountedPen = Unique<HPEN, closeCountedGdi>;
 using CountedBrush = Unique<HBRUSH, closeCountedGdi>;
 using CountedBitmap = Unique<HBITMAP, closeCountedGdi>;
 using CountedIcon = Unique<HICON, closeCountedIcon>;

@@ -11,11 +11,6 @@ namespace {
 constexpr std::size_t kPlaceableHeader = 22;
 constexpr std::uint8_t kPlaceableMagic = 0xD7;
 
-inline void deleteMetafile(HENHMETAFILE file) noexcept {
-    ::DeleteEnhMetaFile(file);
-}
-using EnhancedMetafile = Unique<HENHMETAFILE, deleteMetafile>;
-
 /// An old one becomes a new one of that size.
 [[nodiscard]] EnhancedMetafile opened(const ui::PictureFile& file, ui::PixelSize size) {
     const auto length = static_cast<UINT>(file.bytes.size());

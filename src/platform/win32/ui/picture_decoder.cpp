@@ -7,25 +7,11 @@
 #include <utility>
 
 #include "platform/win32/com/com_ptr.h"
+#include "platform/win32/ui/com_scope.h"
 
 namespace quorel::win32 {
 
 namespace {
-
-/// COM for as long as it lives, in whatever apartment the thread has.
-class ComScope {
-  public:
-    ComScope() noexcept : entered_(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ~ComScope() {
-        if (entered_)
-            ::CoUninitialize();
-    }
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-
-  private:
-    bool entered_;
-};
 
 void check(HRESULT result, std::u16string_view path) {
     if (FAILED(result))

@@ -16,6 +16,11 @@ namespace quorel::win32 {
 /// Draws a bitmap of `makeBitmap` over what is there.
 void blend(HDC dc, HBITMAP bitmap, SIZE size, POINT at) noexcept;
 
+inline void deleteMetafile(HENHMETAFILE file) noexcept {
+    ::DeleteEnhMetaFile(file);
+}
+using EnhancedMetafile = Unique<HENHMETAFILE, deleteMetafile>;
+
 /// BeginPaint and EndPaint.
 class PaintScope {
   public:
@@ -24,6 +29,7 @@ class PaintScope {
     PaintScope(const PaintScope&) = delete;
     PaintScope& operator=(const PaintScope&) = delete;
     [[nodiscard]] HDC dc() const noexcept { return dc_; }
+    [[nodiscard]] const RECT& dirty() const noexcept { return paint_.rcPaint; }
 
   private:
     HWND window_;

@@ -70,6 +70,14 @@ void WindowsDesktop::runModal(ui::Form& form) {
         window->runModal();
 }
 
+bool WindowsDesktop::takeCancelKey() {
+    bool isCancelled = false;
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) != FALSE)
+        isCancelled = isCancelled || (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE);
+    return isCancelled;
+}
+
 void WindowsDesktop::post(std::function<void()> task) {
     services_->thread()->post(std::move(task));
 }

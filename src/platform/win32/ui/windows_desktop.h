@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/ui/cancel_key.h"
 #include "platform/ui/desktop.h"
 
 namespace quorel::win32 {
@@ -19,7 +20,7 @@ struct Services;
 /// The desktop of the system: native windows, themed, in each monitor's resolution. `module` is the DLL or
 /// program that the code is part of; window classes are registered for it, and its resource 2 is the manifest
 /// that asks for the themed controls. A thread that shows windows runs a message loop; any plain one will do.
-class WindowsDesktop : public ui::Desktop {
+class WindowsDesktop : public ui::Desktop, public ui::CancelKey {
   public:
     explicit WindowsDesktop(HINSTANCE module);
     ~WindowsDesktop() override;
@@ -42,6 +43,7 @@ class WindowsDesktop : public ui::Desktop {
     [[nodiscard]] std::vector<ui::Picture> loadPicture(std::u16string_view path) override;
     [[nodiscard]] ui::Borders tabBorders() override;
     [[nodiscard]] ui::Twips scrollBarWidth() override;
+    [[nodiscard]] bool takeCancelKey() override;
 
     /// True if no posted task waits: a library may be unloaded when this holds and it has no window either.
     [[nodiscard]] bool isIdle() const;
