@@ -1,5 +1,7 @@
 #include "platform/ui/plain_controls.h"
+#include "tests/explorer/destroy_inside.h"
 #include "tests/explorer/explorer_fixture.h"
+#include "tests/explorer/window_walk.h"
 
 namespace quorel::explorer {
 namespace {
@@ -119,66 +121,32 @@ class FailureSweep {
     void use(frmExplorer& form) {
         ui::Tree& tree = form.TreeView1().tree();
         click(tree, {u"Information"});
-        for (const auto& path :
-             {Path{u"Everybody"}, Path{u"Everybody", u"Anna"}, Path{u"Everybody", u"Anna", u"Jobs"}})
+        for (const auto& path : {TreePath{u"Everybody"}, TreePath{u"Everybody", u"Anna"},
+                                 TreePath{u"Everybody", u"Anna", u"Jobs"}})
             open(tree, path);
         for (const auto& path :
-             {Path{u"Everybody"}, Path{u"Everybody", u"Anna"}, Path{u"Everybody", u"Anna"},
-              Path{u"Everybody", u"Anna", u"Jobs"}, Path{u"Everybody", u"Anna", u"Jobs", u"Acme"},
-              Path{u"Companies"}, Path{u"Everybody", u"Ben"}, Path{u"Information"}}) {
+             {TreePath{u"Everybody"}, TreePath{u"Everybody", u"Anna"}, TreePath{u"Everybody", u"Anna"},
+              TreePath{u"Everybody", u"Anna", u"Jobs"}, TreePath{u"Everybody", u"Anna", u"Jobs", u"Acme"},
+              TreePath{u"Companies"}, TreePath{u"Everybody", u"Ben"}, TreePath{u"Information"}}) {
             click(tree, path);
             static_cast<void>(world_.user.look(tree));
-            lookAtAll(form);
+            lookAtTabs(world_, form.tabs());
         }
         form.TreeView1().refresh();
         world_.user.resize(form, {Twips{12000}, Twips{9000}});
     }
 
-    using Path = std::vector<std::u16string>;
-
-    /// The item at the end of the path, as far as it is listed.
-    static TreeItemId find(const ui::Tree& tree, const Path& path) {
-        TreeItemId at = TreeItemId::Root;
-        for (const std::u16string& text : path) {
-            TreeItemId child = tree.firstChild(at);
-            while (child != TreeItemId::None && tree.itemText(child) != text)
-                child = tree.nextSibling(child);
-            at = child;
-            if (at == TreeItemId::None)
-                break;
-        }
-        return at;
-    }
-    void open(ui::Tree& tree, const Path& path) {
-        const TreeItemId item = find(tree, path);
+    void open(ui::Tree& tree, const TreePath& path) {
+        const TreeItemId item = findItem(tree, path);
         if (item != TreeItemId::None && tree.isItemShown(item) && !tree.isExpanded(item) &&
             tree.mayHaveChildren(item))
             world_.user.clickItemButton(tree, item);
     }
-    void click(ui::Tree& tree, const Path& path) {
-        const TreeItemId item = find(tree, path);
+    void click(ui::Tree& tree, const TreePath& path) {
+        const TreeItemId item = findItem(tree, path);
         if (item != TreeItemId::None && tree.isItemShown(item))
             world_.user.clickItem(tree, item);
     }
-    void lookAtAll(frmExplorer& form) {
-        const std::size_t tabs = form.tabs().tabs().size();
-        for (std::size_t tab = 0; tab < tabs; ++tab) {
-            if (!form.tabs().tabs()[tab].visible)
-                continue;
-            world_.user.clickTab(form.tabs(), tab);
-            lookAt(form.tabs());
-        }
-    }
-    void lookAt(const ui::Container& container) {
-        for (const auto& child : container.children()) {
-            if (auto* const list = dynamic_cast<ui::VirtualList*>(child.get()); list && list->isUsable())
-                static_cast<void>(world_.user.look(*list, 0, list->rowCount()));
-            if (const auto* const inner = dynamic_cast<const ui::Container*>(child.get()))
-                lookAt(*inner);
-        }
-        world_.desktop.runPosted();
-    }
-
     PeopleWorld model_;
     testing::TestWorld world_;
     bool describing_ = false;
@@ -199,37 +167,21 @@ TEST(ExplorerSweep, EveryRepositoryCallMayFailOnceAndIsReportedOnce) {
 // Hosts that come back.
 // ------------------------------------------------------------------------
 
-/// Does `action` with an opened explorer again and again, while the host destroys it inside one call after
-/// the other.
-class DestroyInside : public ExplorerTest {
+class ExplorerDestroyInside : public DestroyInside<ExplorerTest> {
   protected:
+    /// With an opened explorer.
     void everyCallOf(const std::function<void()>& prepare, const std::function<void()>& action) {
-        int call = 1;
-        for (;; ++call) {
-            open();
-            prepare();
-            int calls = 0;
-            model.script->onCall = [&](const std::u16string&) {
-                if (++calls == call)
-                    explorer->Destroy();
-            };
-            action();
-            world.desktop.runPosted();
-            model.script->onCall = {};
-            world.desktop.verify();
-            if (calls < call)
-                break;
-            EXPECT_EQ(world.desktop.livePeers(), 0U) << "call " << call;
-            EXPECT_EQ(errorNumber([&] { explorer->Init(); }), 91);
-            ASSERT_LT(call, 500);
-        }
-        EXPECT_GT(call, 1) << "nothing was asked";
-        EXPECT_TRUE(world.boxes().empty());
+        DestroyInside::everyCallOf(
+            [&] {
+                open();
+                prepare();
+            },
+            action);
     }
     static constexpr auto kNothing = [] {};
 };
 
-TEST_F(DestroyInside, EveryCallOfInit) {
+TEST_F(ExplorerDestroyInside, EveryCallOfInit) {
     int call = 1;
     for (;; ++call) {
         create();
@@ -248,11 +200,11 @@ TEST_F(DestroyInside, EveryCallOfInit) {
     EXPECT_TRUE(world.boxes().empty());
 }
 
-TEST_F(DestroyInside, EveryCallOfAnExpansion) {
+TEST_F(ExplorerDestroyInside, EveryCallOfAnExpansion) {
     everyCallOf(kNothing, [this] { expand({u"Everybody"}); });
 }
 
-TEST_F(DestroyInside, EveryCallOfAnActivation) {
+TEST_F(ExplorerDestroyInside, EveryCallOfAnActivation) {
     everyCallOf(
         [this] {
             expand({u"Everybody"});
@@ -263,11 +215,11 @@ TEST_F(DestroyInside, EveryCallOfAnActivation) {
         });
 }
 
-TEST_F(DestroyInside, EveryCallOfLookingAtTheTree) {
+TEST_F(ExplorerDestroyInside, EveryCallOfLookingAtTheTree) {
     everyCallOf([this] { expand({u"Everybody"}); }, [this] { static_cast<void>(world.user.look(tree())); });
 }
 
-TEST_F(DestroyInside, EveryCallOfLeavingAChangedPane) {
+TEST_F(ExplorerDestroyInside, EveryCallOfLeavingAChangedPane) {
     everyCallOf(
         [this] {
             clickAnna();
@@ -277,7 +229,7 @@ TEST_F(DestroyInside, EveryCallOfLeavingAChangedPane) {
         [this] { click({u"Companies"}); });
 }
 
-TEST_F(DestroyInside, EveryCallOfLookingAtAList) {
+TEST_F(ExplorerDestroyInside, EveryCallOfLookingAtAList) {
     everyCallOf([this] { click({u"Companies"}); },
                 [this] {
                     auto& rows = list(u"ListView1(4)").list();
@@ -285,7 +237,7 @@ TEST_F(DestroyInside, EveryCallOfLookingAtAList) {
                 });
 }
 
-TEST_F(DestroyInside, EveryCallOfReplacingATarget) {
+TEST_F(ExplorerDestroyInside, EveryCallOfReplacingATarget) {
     everyCallOf(
         [this] {
             clickAnna();
@@ -294,12 +246,12 @@ TEST_F(DestroyInside, EveryCallOfReplacingATarget) {
         [this] { world.user.choose(combo().box(), combo().box().listIndex() == 0U ? 1 : 0); });
 }
 
-TEST_F(DestroyInside, EveryCallOfRefreshing) {
+TEST_F(ExplorerDestroyInside, EveryCallOfRefreshing) {
     everyCallOf([this] { click({u"Companies"}); },
                 [this] { world.user.click(form(), u"EditToolbar1(2).Refresh"); });
 }
 
-TEST_F(DestroyInside, EveryCallOfEditing) {
+TEST_F(ExplorerDestroyInside, EveryCallOfEditing) {
     everyCallOf(
         [this] {
             click({u"Companies"});
@@ -318,7 +270,7 @@ TEST_F(DestroyInside, EveryCallOfEditing) {
         });
 }
 
-TEST_F(DestroyInside, EveryCallOfFinding) {
+TEST_F(ExplorerDestroyInside, EveryCallOfFinding) {
     everyCallOf(kNothing, [this] { form().TreeView1().find(u"Zenith"); });
 }
 

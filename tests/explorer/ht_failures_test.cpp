@@ -1,4 +1,6 @@
+#include "tests/explorer/destroy_inside.h"
 #include "tests/explorer/ht_explorer_fixture.h"
+#include "tests/explorer/window_walk.h"
 
 namespace quorel::explorer {
 namespace {
@@ -89,8 +91,6 @@ class HTSweep {
     }
 
   private:
-    using Path = std::vector<std::u16string>;
-
     void browse() {
         const auto explorer = make<OpenHTExplorer>(world_.environment);
         explorer->Create(u"", {});
@@ -106,12 +106,13 @@ class HTSweep {
         explorer->Destroy();
     }
     void use(frmHTExplorer& form) {
-        for (const Path& path :
-             {Path{u"Person"}, Path{u"Person", u"Anna"}, Path{u"Person", u"Anna", u"WorksFor"},
-              Path{u"Person", u"Anna", u"WorksFor", u"a"},
-              Path{u"Person", u"Anna", u"WorksFor", u"a", u"Acme"},
-              Path{u"Person", u"Anna", u"WorksFor", u"a", u"Acme", u"WorksFor (incoming)"}, Path{u"Company"},
-              Path{u"Person", u"Anna", u"Knows"}, Path{u"Person", u"Anna", u"Knows", u"b"}}) {
+        for (const TreePath& path :
+             {TreePath{u"Person"}, TreePath{u"Person", u"Anna"}, TreePath{u"Person", u"Anna", u"WorksFor"},
+              TreePath{u"Person", u"Anna", u"WorksFor", u"a"},
+              TreePath{u"Person", u"Anna", u"WorksFor", u"a", u"Acme"},
+              TreePath{u"Person", u"Anna", u"WorksFor", u"a", u"Acme", u"WorksFor (incoming)"},
+              TreePath{u"Company"}, TreePath{u"Person", u"Anna", u"Knows"},
+              TreePath{u"Person", u"Anna", u"Knows", u"b"}}) {
             visit(form, path);
             world_.desktop.runPosted();
         }
@@ -120,36 +121,15 @@ class HTSweep {
         world_.user.resize(form, {Twips{12000}, Twips{9000}});
     }
     /// A click on the entry, a look at its tabs, and a click on the button before it.
-    void visit(frmHTExplorer& form, const Path& path) {
+    void visit(frmHTExplorer& form, const TreePath& path) {
         ui::Tree& tree = form.HierarchyTreeView1().tree();
-        TreeItemId at = TreeItemId::Root;
-        for (const std::u16string& text : path) {
-            TreeItemId child = tree.firstChild(at);
-            while (child != TreeItemId::None && tree.itemText(child) != text)
-                child = tree.nextSibling(child);
-            at = child;
-            if (at == TreeItemId::None)
-                return;
-        }
-        if (!tree.isItemShown(at))
+        const TreeItemId at = findItem(tree, path);
+        if (at == TreeItemId::None || !tree.isItemShown(at))
             return;
         world_.user.clickItem(tree, at);
-        for (std::size_t tab = 0; tab < form.tabs().tabs().size(); ++tab)
-            if (form.tabs().tabs()[tab].visible) {
-                world_.user.clickTab(form.tabs(), tab);
-                lookAt(form.tabs());
-            }
+        lookAtTabs(world_, form.tabs());
         if (!tree.isExpanded(at) && tree.mayHaveChildren(at))
             world_.user.clickItemButton(tree, at);
-    }
-    void lookAt(const ui::Container& container) {
-        for (const auto& child : container.children()) {
-            if (auto* const list = dynamic_cast<ui::VirtualList*>(child.get()); list && list->isUsable())
-                static_cast<void>(world_.user.look(*list, 0, list->rowCount()));
-            if (const auto* const inner = dynamic_cast<const ui::Container*>(child.get()))
-                lookAt(*inner);
-        }
-        world_.desktop.runPosted();
     }
 
     PeopleWorld model_;
@@ -171,34 +151,7 @@ TEST(HTExplorerSweep, EveryRepositoryCallMayFailOnceAndIsReportedOnce) {
 // Hosts that come back.
 // ------------------------------------------------------------------------
 
-/// Does `action` with an explorer again and again, while the host destroys it inside one call after the
-/// other.
-class HTDestroyInside : public HTExplorerTest {
-  protected:
-    void everyCallOf(const std::function<void()>& prepare, const std::function<void()>& action) {
-        int call = 1;
-        for (;; ++call) {
-            prepare();
-            int calls = 0;
-            model.script->onCall = [&](const std::u16string&) {
-                if (++calls == call)
-                    explorer->Destroy();
-            };
-            action();
-            world.desktop.runPosted();
-            model.script->onCall = {};
-            world.desktop.verify();
-            if (calls < call)
-                break;
-            EXPECT_EQ(world.desktop.livePeers(), 0U) << "call " << call;
-            EXPECT_EQ(world.desktop.pointer(), ui::Pointer::Default) << "call " << call;
-            EXPECT_EQ(errorNumber([&] { explorer->Init(); }), 91);
-            ASSERT_LT(call, 500);
-        }
-        EXPECT_GT(call, 1) << "nothing was asked";
-        EXPECT_TRUE(world.boxes().empty());
-    }
-};
+using HTDestroyInside = DestroyInside<HTExplorerTest>;
 
 TEST_F(HTDestroyInside, EveryCallOfASetup) {
     everyCallOf([this] { create(); }, [this] { explorer->SetupTree(); });
