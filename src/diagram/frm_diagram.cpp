@@ -67,6 +67,10 @@ frmDiagram::frmDiagram(const frame::Environment& environment, std::shared_ptr<Di
     setMinimumClientSize(leastWindowSize(parts()));
     setClientSize(kFirstSize);
     place();
+    showModel();
+}
+
+void frmDiagram::showModel() {
     view_.setModel(model_);
     enableButtons();
     view_.area().focus();
@@ -123,8 +127,12 @@ void frmDiagram::AddStandardButtons() {
     place();
 }
 
-void frmDiagram::PopUp() {
-    procedure(u"PopUp", [this] { show(ui::Modality::Modal); });
+void frmDiagram::PopUp(std::u16string_view note) {
+    procedure(u"PopUp", [this, note] {
+        showModel();
+        tell(note);
+        show(ui::Modality::Modal);
+    });
 }
 
 void frmDiagram::Conceal() {

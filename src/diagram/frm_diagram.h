@@ -25,8 +25,9 @@ class frmDiagram final : public ui::Form {
 
     /// Zoom in, zoom out, fit, 100 %, find, print, save.
     void AddStandardButtons();
+    /// Shows the diagram as it is now and, until the user chooses something, the note in the status line.
     /// Returns when the window is hidden or closed.
-    void PopUp();
+    void PopUp(std::u16string_view note = {});
     void Conceal();
     /// Drops the diagram; the window is empty from then on.
     void Destroy() noexcept;
@@ -41,6 +42,7 @@ class frmDiagram final : public ui::Form {
     auto procedure(std::u16string_view label, Body&& body) {
         return frame::guarded(*this, u"frmDiagram", label, std::forward<Body>(body));
     }
+    void showModel();
     void addButtons();
     void addFindBox();
     void Form_Load();

@@ -90,6 +90,22 @@ TEST_F(Window, IsModal) {
     EXPECT_FALSE(form_->isVisible());
 }
 
+TEST_F(Window, ShowsWhatTheDiagramHasBecomeMeanwhile) {
+    const auto later = std::make_shared<DiagramModel>();
+    form_ = makeDiagramWindow(world_.environment, later, true);
+    form_->load();
+    *later = *model_;
+    world_.desktop.expectModal(u"frmDiagram", [this](ui::Form& form) {
+        EXPECT_EQ(status(0), u"100 boxes");
+        EXPECT_EQ(status(3), u"A note");
+        EXPECT_TRUE(form_->button(StandardButton::Find).isEnabled());
+        user_.press(form, {Key::Home});
+        EXPECT_EQ(status(3), u"B0");
+        form.hide();
+    });
+    form_->PopUp(u"A note");
+}
+
 TEST_F(Window, HasNoButtonsUnlessTheyAreAskedFor) {
     open(false);
     for (std::size_t i = 0; i < kStandardButtons; ++i)
