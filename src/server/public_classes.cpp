@@ -1,5 +1,6 @@
 #include "server/public_classes.h"
 
+#include "diagram/diagram.h"
 #include "dialogs/directory_chooser.h"
 #include "dialogs/name_edit.h"
 #include "dialogs/progress.h"
@@ -53,6 +54,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [] { return Object(make<settings::SettingEntry>()); });
     environment.classes.add(u"QuorelUtility.Options",
                             [environment] { return Object(make<settings::Options>(environment)); });
+    environment.classes.add(u"QuorelDiagramWindow.Diagram",
+                            [environment] { return Object(make<diagram::Diagram>(environment)); });
     controls::registerFileClasses(environment.classes, environment.fileDialogs);
 }
 

@@ -30,7 +30,8 @@ const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator",
                                           u"QuorelUtility.SelectItem",
                                           u"QuorelUtility.DirectoryChooser",
                                           u"VardekFileSelector.FileSelector",
-                                          u"VardekFileAccess.c_FileType"};
+                                          u"VardekFileAccess.c_FileType",
+                                          u"QuorelDiagramWindow.Diagram"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
