@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "diagram/arrange_for_user.h"
 #include "diagram/diagram_arrange.h"
 #include "platform/automation/error.h"
 #include "platform/automation/text.h"
@@ -17,6 +18,7 @@ namespace error_number = automation::error_number;
 namespace {
 
 constexpr std::u16string_view kHierarchy = u"%HIERARCHY%";
+constexpr std::u16string_view kInRows = u"The layout was cancelled: the boxes stand in rows";
 constexpr std::int32_t kMostPoints = 400;
 constexpr double kMostTwips = 100'000'000;
 /// A header shows a picture smaller than that, and twice as large on fine screens.
@@ -178,12 +180,15 @@ Measure Diagram::measure() const {
 
 void Diagram::arrange() {
     const ui::WaitPointer wait(environment_.desktop);
-    DiagramContent& all = content();
-    if (all.isPlaced)
-        connectStraight(all.model, measure());
+    static_cast<void>(content());
+    const std::shared_ptr<DiagramContent> all = content_;
+    all->isInRows = false;
+    if (all->isPlaced)
+        connectStraight(all->model, measure());
     else
-        arrangeDiagram(all.model, measure());
-    all.isArranged = true;
+        all->isInRows = !arrangeForUser(environment_, dynamic_cast<ui::CancelKey*>(&environment_.desktop),
+                                        all->model, measure());
+    all->isArranged = true;
 }
 
 void Diagram::Layout(const std::u16string& name) {
@@ -199,7 +204,7 @@ void Diagram::PopUp() {
     const automation::Ref<Diagram> alive(this);
     if (!content().isArranged)
         arrange();
-    holder_.form()->PopUp();
+    holder_.form()->PopUp(content().isInRows ? kInRows : u"");
 }
 
 }  // namespace quorel::diagram

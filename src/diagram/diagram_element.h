@@ -15,6 +15,7 @@ namespace quorel::diagram {
 struct DiagramContent {
     DiagramModel model;
     bool isArranged = false;  ///< nothing that has a place came or changed since
+    bool isInRows = false;    ///< the user has cancelled the layout
     bool isPlaced = false;    ///< the host gave boxes their places, and no layout has changed them
 };
 
