@@ -1,7 +1,9 @@
 #include "diagram/layout/ordering.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "diagram/layout/crossings.h"
@@ -14,39 +16,59 @@ std::size_t at(int number) {
     return static_cast<std::size_t>(number);
 }
 
-enum class Start { DepthFirst, BreadthFirst };
+/// A walk over the graph from its top or its bottom layer on.
+struct Start {
+    bool inDepth, fromTop;
+};
+constexpr std::array<Start, 3> kStarts{{{true, true}, {false, true}, {true, false}}};
 
 class Ordering {
   public:
     Ordering(Layered& graph, Watch& watch) : graph_(graph), watch_(watch), sifting_(graph) {}
 
     void run() {
+        // Sifting decides much, so where that is quick it follows on every start, not on the best one only.
+        const bool isSmall = graph_.segments.size() <= kSmall;
+        const auto starts = std::span(kStarts).first(isSmall ? kStarts.size() : 2);
+        total_ = starts.size() * kSweeps + (isSmall ? starts.size() : 1) * kSiftings;
         keepIfBest();
-        total_ = 2 * kSweeps + kSiftings;
-        for (const Start start : {Start::DepthFirst, Start::BreadthFirst}) {
+        std::vector<Order> orders;
+        for (const Start& start : starts) {
             startFrom(start);
             keepIfBest();
             sweep();
+            if (isSmall)
+                orders.push_back(std::exchange(best_, {}));
         }
-        graph_.layers = best_;
-        for (std::size_t layer = 0; layer < graph_.layers.size(); ++layer)
-            graph_.renumber(layer);
-        siftAll();
+        if (!isSmall)
+            orders.push_back(std::exchange(best_, {}));
+        for (const Order& order : orders) {
+            take(order);
+            siftAll(order.crossings);
+            keepIfBest();
+        }
+        take(best_);
     }
 
   private:
+    struct Order {
+        std::vector<std::vector<int>> layers;
+        std::int64_t crossings = 0;
+    };
+
     static constexpr std::size_t kSweeps = 40, kPatience = 10, kSiftings = 12;
+    static constexpr std::size_t kSmall = 650;  ///< segments
 
     void keepIfBest() {
         const std::int64_t crossings = counter_.count(graph_);
         watch_.work(8 * graph_.segments.size(), done_, total_);
-        if (best_.empty() || crossings < bestCrossings_)
-            bestCrossings_ = crossings, best_ = graph_.layers;
+        if (best_.layers.empty() || crossings < best_.crossings)
+            best_ = {graph_.layers, crossings};
     }
 
     /// Nodes in the order in which a walk over the whole graph meets them, so that what is joined stands
     /// together.
-    void startFrom(Start start) {
+    void startFrom(const Start& start) {
         std::vector<std::vector<int>> layers(graph_.layers.size());
         std::vector<bool> met(graph_.rank.size());
         std::vector<int> waiting;
@@ -59,12 +81,12 @@ class Ordering {
             for (const int w : nodes)
                 meet(w);
         };
-        for (const auto& layer : graph_.layers) {
-            for (const int top : layer) {
-                meet(top);
+        for (std::size_t i = 0; i < layers.size(); ++i) {
+            for (const int first : graph_.layers[start.fromTop ? i : layers.size() - 1 - i]) {
+                meet(first);
                 for (std::size_t next = 0; next < waiting.size();) {
                     int v = 0;
-                    if (start == Start::DepthFirst)
+                    if (start.inDepth)
                         v = waiting.back(), waiting.pop_back();
                     else
                         v = waiting[next++];
@@ -81,13 +103,13 @@ class Ordering {
     void sweep() {
         const std::size_t end = done_ + kSweeps;
         for (std::size_t idle = 0; done_ < end && idle < kPatience; ++done_) {
-            const std::int64_t before = bestCrossings_;
+            const std::int64_t before = best_.crossings;
             const bool down = done_ % 2 == 0;
             const bool median = done_ / 2 % 2 == 1;
             for (std::size_t i = 1; i < graph_.layers.size(); ++i)
                 orderByNeighbours(down ? i : graph_.layers.size() - 1 - i, down, median);
             keepIfBest();
-            idle = bestCrossings_ < before ? 0 : idle + 1;
+            idle = best_.crossings < before ? 0 : idle + 1;
         }
         done_ = end;
     }
@@ -129,11 +151,16 @@ class Ordering {
         return places_.size() % 2 == 1 ? upper * 65536 : (upper + places_[middle - 1]) * 32768;
     }
 
-    void siftAll() {
+    void take(const Order& order) {
+        for (std::size_t layer = 0; layer < order.layers.size(); ++layer)
+            graph_.place(layer, order.layers[layer]);
+    }
+
+    void siftAll(std::int64_t crossings) {
         for (std::size_t i = 0; i < kSiftings; ++i, ++done_) {
             const std::int64_t saved = sifting_.round(kReach, watch_, done_, total_);
-            bestCrossings_ -= saved;
-            if (saved * 200 < bestCrossings_ || saved == 0)
+            crossings -= saved;
+            if (saved * 200 < crossings || saved == 0)
                 break;
         }
     }
@@ -150,8 +177,7 @@ class Ordering {
     Watch& watch_;
     Sifting sifting_;
     CrossingCounter counter_;
-    std::vector<std::vector<int>> best_;
-    std::int64_t bestCrossings_ = 0;
+    Order best_;
     std::vector<Key> keys_;
     std::vector<int> places_;
     std::size_t done_ = 0, total_ = 1;
