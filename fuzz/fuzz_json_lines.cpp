@@ -1,7 +1,7 @@
 // The importer of JSON Lines: any text is refused, or is a repository that is written and read again the
 // same.
 
-#include <cstring>
+#include <memory>
 #include <sstream>
 #include <string>
 
@@ -9,25 +9,11 @@
 #include "platform/automation/error.h"
 #include "repository/import/json_lines.h"
 #include "repository/sqlite/sqlite_store.h"
+#include "text_source.h"
 
 using namespace quorel::repository;
 
 namespace {
-
-class TextSource final : public ByteSource {
-  public:
-    explicit TextSource(std::string text) : text_(std::move(text)) {}
-    std::size_t read(char* buffer, std::size_t size) override {
-        const std::size_t count = std::min(size, text_.size() - position_);
-        std::memcpy(buffer, text_.data() + position_, count);
-        position_ += count;
-        return count;
-    }
-
-  private:
-    std::string text_;
-    std::size_t position_ = 0;
-};
 
 /// What a text reads as, written again. Throws what the importer throws.
 std::string readAndWritten(const std::string& text) {
@@ -35,7 +21,7 @@ std::string readAndWritten(const std::string& text) {
     const ReportProgress silent = [](const Progress&) {};
     {
         Transaction transaction(*store);
-        LineReader lines(std::make_unique<TextSource>(text), "input");
+        LineReader lines(std::make_unique<quorel::fuzz::TextSource>(text), "input");
         importJsonLines(*store, lines, text.size(), silent);
         transaction.commit();
     }
