@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 namespace quorel::diagram {
@@ -56,13 +57,18 @@ void narrow(double from, double to, double low, double high, double& enter, doub
     leave = std::min(leave, std::max(a, b));
 }
 
-/// Whether the straight way leads through the inside of the box, not only along its edge.
-[[nodiscard]] bool runsThrough(const Rect& box, Vector from, Vector to) noexcept {
+/// The share of the straight way after which it is inside the box; none if it leads past it or along its
+/// edge.
+[[nodiscard]] std::optional<double> entersAt(const Rect& box, Vector from, Vector to) noexcept {
     double enter = 0, leave = 1;
     narrow(from.x, to.x, box.left.value, box.right().value, enter, leave);
     narrow(from.y, to.y, box.top.value, box.bottom().value, enter, leave);
     constexpr double kTouch = 1e-9;
-    return leave - enter > kTouch;
+    return leave - enter > kTouch ? std::optional(enter) : std::nullopt;
+}
+
+[[nodiscard]] Point clampedTo(const Rect& box, Point at) noexcept {
+    return {std::clamp(at.x, box.left, box.right()), std::clamp(at.y, box.top, box.bottom())};
 }
 
 /// Where the way from the middle of the box to a point outside leaves it.
@@ -71,20 +77,42 @@ void narrow(double from, double to, double low, double high, double& enter, doub
     const double acrossX = std::abs(to.x - middle.x) / std::max(box.width.value / 2.0, 0.5);
     const double acrossY = std::abs(to.y - middle.y) / std::max(box.height.value / 2.0, 0.5);
     const Point edge = rounded(between(middle, to, 1 / std::max({acrossX, acrossY, 1.0})));
-    return {std::clamp(edge.x, box.left, box.right()), std::clamp(edge.y, box.top, box.bottom())};
+    return clampedTo(box, edge);
+}
+
+/// A line that came by `last` from `before` would go back to reach the box.
+[[nodiscard]] bool turnsBack(Point before, Point last, const Rect& box) noexcept {
+    const Vector a = vector(before), b = vector(last), c = middleOf(box);
+    return (b.x - a.x) * (c.x - b.x) + (b.y - a.y) * (c.y - b.y) < 0;
+}
+
+/// The part of a line that stays, when it runs into the box on its way: up to the box's edge.
+[[nodiscard]] std::optional<std::vector<Point>> cutAtBox(const std::vector<Point>& line, const Rect& box) {
+    for (std::size_t i = 1; i + 1 < line.size(); ++i) {
+        const Vector from = vector(line[i - 1]), to = vector(line[i]);
+        const std::optional<double> enters = entersAt(box, from, to);
+        if (!enters || isInside(box, line[i - 1]))
+            continue;
+        std::vector<Point> result(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(i));
+        result.push_back(clampedTo(box, rounded(between(from, to, *enters))));
+        return result;
+    }
+    return std::nullopt;
 }
 
 /// `line` ends at the box.
 [[nodiscard]] std::vector<Point> followAtEnd(const std::vector<Point>& line, const Rect& box, Point by) {
-    if (line.size() < 2)
+    if (line.size() < 2 || by == Point{})
         return line;
+    if (auto cut = cutAtBox(line, box))
+        return *std::move(cut);
     std::size_t kept = line.size() - 1;
-    while (kept > 1 && isInside(box, line[kept - 1]))
+    while (kept > 1 && (isInside(box, line[kept - 1]) || turnsBack(line[kept - 2], line[kept - 1], box)))
         --kept;
     const Vector last = vector(line[kept - 1]);
     const Point translated = moved(line.back(), by);
     const bool keepsPlace =
-        kept + 1 == line.size() && isInside(box, translated) && !runsThrough(box, last, vector(translated));
+        kept + 1 == line.size() && isInside(box, translated) && !entersAt(box, last, vector(translated));
     std::vector<Point> result(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(kept));
     result.push_back(keepsPlace ? translated : edgeTowards(box, last));
     return result;

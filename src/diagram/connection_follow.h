@@ -28,7 +28,8 @@ struct Followed {
 /// The way of `before` when the box at those of its ends, which now stands at `box`, has moved by that much;
 /// a connection of which both ends have moved goes along as it is. The end keeps its place at the box as long
 /// as the line does not run through the box; then it is where the line meets the edge. Bends that the box now
-/// covers go, the rest of the line stays. The label stays beside the same part of the line.
+/// covers, that lie behind it or at which the line would turn back go, the rest of the line stays. The label
+/// stays beside the same part of the line.
 [[nodiscard]] Followed follow(const Connection& before, Ends moved, const ui::Rect& box, ui::Point by);
 
 }  // namespace quorel::diagram

@@ -66,8 +66,24 @@ TEST(Follow, ALineDoesNotRunThroughItsOwnBox) {
     const Point by{0_tw, 3000_tw};
     const Rect box = moved(kBox, by);
     const Followed now = follow(stepped(), Ends::From, box, by);
-    EXPECT_TRUE(touches(box, now.line.front()));
-    EXPECT_EQ(now.line.front().y, box.top);
+    EXPECT_EQ(now.line, (std::vector<Point>{{3000_tw, 5000_tw}, {5000_tw, 6000_tw}}));
+}
+
+TEST(Follow, ALineEndsWhereItMeetsTheBoxOnItsWay) {
+    // The box stands on the middle part of the line now.
+    const Rect box{4500_tw, 4500_tw, 2000_tw, 1000_tw};
+    const Followed now = follow(stepped(), Ends::From, box, {3500_tw, 3500_tw});
+    EXPECT_EQ(now.line, (std::vector<Point>{{5000_tw, 5500_tw}, {5000_tw, 6000_tw}}));
+}
+
+TEST(Follow, ALineDoesNotTurnBack) {
+    // Far to the right of the bend that led the line to the left.
+    const Point by{9000_tw, 3200_tw};
+    const Rect box = moved(kBox, by);
+    const Followed now = follow(stepped(), Ends::From, box, by);
+    ASSERT_EQ(now.line.size(), 2U);
+    EXPECT_TRUE(touches(box, now.line[0]));
+    EXPECT_EQ(now.line[1], (Point{5000_tw, 6000_tw}));
 }
 
 TEST(Follow, ALoopGoesAlongAsItIs) {
@@ -101,7 +117,8 @@ TEST(Follow, LinesWithoutLengthDoNoHarm) {
     connection.label = {0_tw, 0_tw, 100_tw, 100_tw};
     EXPECT_TRUE(follow(connection, Ends::From, kBox, {10_tw, 10_tw}).line.empty());
     connection.line = {{2000_tw, 2000_tw}, {2000_tw, 2000_tw}};
-    EXPECT_TRUE(touches(kBox, follow(connection, Ends::To, kBox, {}).line.back()));
+    EXPECT_TRUE(touches(moved(kBox, {10_tw, 0_tw}),
+                        follow(connection, Ends::To, moved(kBox, {10_tw, 0_tw}), {10_tw, 0_tw}).line.back()));
 }
 
 TEST(Follow, EndsTouchTheirBoxesWhereverTheyGo) {
