@@ -14,6 +14,7 @@
 #include "platform/ui/combo_box.h"
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/drawing_area.h"
 #include "platform/ui/form.h"
 #include "platform/ui/keys.h"
 #include "platform/ui/menu.h"
@@ -90,6 +91,22 @@ class Backend {
     virtual void closeBox(ui::Form& form) = 0;
     virtual void resize(ui::Form& form, ui::Size clientSize) = 0;
     virtual void dragSplitter(ui::Splitter& splitter, ui::Twips position) = 0;
+    /// The mouse over a drawing, at a place in it.
+    virtual void moveMouse(ui::DrawingArea& area, ui::Point at) = 0;
+    virtual void pressMouse(ui::DrawingArea& area, ui::Point at,
+                            ui::MouseButton button = ui::MouseButton::Left,
+                            ui::Modifiers modifiers = ui::Modifiers::None) = 0;
+    virtual void releaseMouse(ui::DrawingArea& area, ui::Point at,
+                              ui::MouseButton button = ui::MouseButton::Left,
+                              ui::Modifiers modifiers = ui::Modifiers::None) = 0;
+    virtual void doubleClickAt(ui::DrawingArea& area, ui::Point at) = 0;
+    virtual void turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel,
+                           ui::Modifiers modifiers = ui::Modifiers::None) = 0;
+    virtual void leaveMouse(ui::DrawingArea& area) = 0;
+    /// Something else takes the mouse.
+    virtual void loseMouse(ui::DrawingArea& area) = 0;
+    /// What has become dirty is painted.
+    virtual void repaint(ui::DrawingArea& area) = 0;
 
     // What the user sees, read from the backend's own windows where it has any.
     // --------------------------------------------------------------------

@@ -1,10 +1,33 @@
 // The mouse over drawing areas.
 
+#include <algorithm>
+
 #include "platform/headless/user.h"
 
 namespace quorel::headless {
 
 using ui::MouseButton;
+
+namespace {
+
+/// Without looking at the control, which may be gone.
+[[nodiscard]] bool holds(const ui::Container& container, const ui::Control* control) {
+    return std::any_of(container.children().begin(), container.children().end(), [&](const auto& child) {
+        const auto* const inner = dynamic_cast<const ui::Container*>(child.get());
+        return child.get() == control || (inner != nullptr && holds(*inner, control));
+    });
+}
+
+/// After a handler has run.
+[[nodiscard]] bool isStillUsable(const ui::Form& form, const ui::DrawingArea& area) {
+    return holds(form, &area) && area.isUsable();
+}
+
+[[nodiscard]] bool stillHoldsMouse(const ui::Form& form, const ui::DrawingArea& area) {
+    return isStillUsable(form, area) && area.holdsMouse();
+}
+
+}  // namespace
 
 void User::checkMouse(const ui::DrawingArea& area, ui::Point at) const {
     const ui::Rect& bounds = area.bounds();
@@ -27,7 +50,7 @@ void User::pressMouse(ui::DrawingArea& area, ui::Point at, MouseButton button, u
         throw CannotDo("a button is down already");
     if (area.isTabStop())
         form->userFocused(&area);
-    if (area.isUsable())
+    if (isStillUsable(*form, area))
         area.userMouseDown({at, button, modifiers});
     desktop_.runPosted();
 }
@@ -43,18 +66,18 @@ void User::releaseMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modif
 void User::clickAt(ui::DrawingArea& area, ui::Point at, MouseButton button, ui::Modifiers modifiers) {
     const auto form = reach(area);
     pressMouse(area, at, button, modifiers);
-    if (form->isShown() && area.holdsMouse())
+    if (stillHoldsMouse(*form, area))
         releaseMouse(area, at, modifiers);
 }
 
 void User::doubleClickAt(ui::DrawingArea& area, ui::Point at) {
     const auto form = reach(area);
     clickAt(area, at);
-    if (!form->isShown() || !area.isUsable())
+    if (!isStillUsable(*form, area))
         return;
     area.userDoubleClicked({at, MouseButton::Left});
     desktop_.runPosted();
-    if (form->isShown() && area.holdsMouse())
+    if (stillHoldsMouse(*form, area))
         releaseMouse(area, at);
 }
 
@@ -62,9 +85,9 @@ void User::drag(ui::DrawingArea& area, ui::Point from, ui::Point to, MouseButton
     const auto form = reach(area);
     pressMouse(area, from, button);
     for (const ui::Point at : {ui::Point{(from.x + to.x) / 2, (from.y + to.y) / 2}, to})
-        if (form->isShown() && area.holdsMouse())
+        if (stillHoldsMouse(*form, area))
             moveMouse(area, at);
-    if (form->isShown() && area.holdsMouse())
+    if (stillHoldsMouse(*form, area))
         releaseMouse(area, to);
 }
 

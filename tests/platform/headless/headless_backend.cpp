@@ -61,6 +61,24 @@ class HeadlessBackend final : public Backend {
         user_.dragSplitter(splitter, position);
     }
 
+    void moveMouse(ui::DrawingArea& area, ui::Point at) override { user_.moveMouse(area, at); }
+    void pressMouse(ui::DrawingArea& area, ui::Point at, ui::MouseButton button,
+                    ui::Modifiers modifiers) override {
+        user_.pressMouse(area, at, button, modifiers);
+    }
+    void releaseMouse(ui::DrawingArea& area, ui::Point at, ui::MouseButton,
+                      ui::Modifiers modifiers) override {
+        user_.releaseMouse(area, at, modifiers);
+    }
+    void doubleClickAt(ui::DrawingArea& area, ui::Point at) override { user_.doubleClickAt(area, at); }
+    void turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel,
+                   ui::Modifiers modifiers) override {
+        user_.turnWheel(area, at, wheel, modifiers);
+    }
+    void leaveMouse(ui::DrawingArea& area) override { user_.leaveMouse(area); }
+    void loseMouse(ui::DrawingArea& area) override { user_.loseMouse(area); }
+    void repaint(ui::DrawingArea& area) override { static_cast<void>(user_.lookAtChanges(area)); }
+
     [[nodiscard]] bool seesForm(const ui::Form& form) override {
         return form.peer() != nullptr && form.isShown();
     }

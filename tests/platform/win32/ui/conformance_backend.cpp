@@ -1,11 +1,13 @@
 // The conformance suite on native windows: input travels as posted messages through a plain message loop.
 
+#include <array>
 #include <deque>
 #include <exception>
 #include <stdexcept>
 #include <utility>
 
 #include "platform/ui/menu.h"
+#include "platform/win32/ui/control_peer.h"
 #include "platform/win32/ui/native_scope.h"
 #include "platform/win32/ui/system_headers.h"
 #include "platform/win32/ui/windows_desktop.h"
@@ -172,6 +174,35 @@ class NativeBackend final : public Backend {
     }
     void resize(ui::Form& form, ui::Size clientSize) override;
     void dragSplitter(ui::Splitter& splitter, ui::Twips position) override;
+    void moveMouse(ui::DrawingArea& area, ui::Point at) override {
+        static constexpr std::array<WPARAM, 4> kHeld = {0, MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
+        act(area, WM_MOUSEMOVE, kHeld[static_cast<std::size_t>(area.heldButton())], at);
+    }
+    void pressMouse(ui::DrawingArea& area, ui::Point at, ui::MouseButton button,
+                    ui::Modifiers modifiers) override {
+        static constexpr std::array<UINT, 4> kDown = {0, WM_LBUTTONDOWN, WM_MBUTTONDOWN, WM_RBUTTONDOWN};
+        act(area, kDown[static_cast<std::size_t>(button)], keysOf(modifiers), at);
+    }
+    void releaseMouse(ui::DrawingArea& area, ui::Point at, ui::MouseButton button,
+                      ui::Modifiers modifiers) override {
+        static constexpr std::array<UINT, 4> kUp = {0, WM_LBUTTONUP, WM_MBUTTONUP, WM_RBUTTONUP};
+        act(area, kUp[static_cast<std::size_t>(button)], keysOf(modifiers), at);
+    }
+    void doubleClickAt(ui::DrawingArea& area, ui::Point at) override {
+        native::doubleClick(native::windowFor(area), pixelOf(area, at));
+    }
+    void turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel, ui::Modifiers modifiers) override;
+    void leaveMouse(ui::DrawingArea& area) override { act(area, WM_MOUSELEAVE, 0, {}); }
+    void loseMouse(ui::DrawingArea&) override {
+        ::ReleaseCapture();
+        native::pump();
+    }
+    void repaint(ui::DrawingArea& area) override {
+        native::pump();
+        if (const HWND window = win32::handleOf(area))
+            ::UpdateWindow(window);
+        native::pump();
+    }
 
     [[nodiscard]] bool seesForm(const ui::Form& form) override { return sees(form); }
     [[nodiscard]] bool seesControl(const ui::Control& control) override { return sees(control); }
@@ -234,6 +265,15 @@ class NativeBackend final : public Backend {
     }
 
   private:
+    [[nodiscard]] static POINT pixelOf(const ui::DrawingArea& area, ui::Point at) {
+        const std::int32_t dpi = win32::dpiOf(native::windowFor(area));
+        return {toPixels(at.x, dpi), toPixels(at.y, dpi)};
+    }
+    [[nodiscard]] static WPARAM keysOf(ui::Modifiers modifiers) {
+        return (has(modifiers, ui::Modifiers::Shift) ? MK_SHIFT : 0U) |
+               (has(modifiers, ui::Modifiers::Control) ? MK_CONTROL : 0U);
+    }
+    static void act(const ui::DrawingArea& area, UINT message, WPARAM keys, ui::Point at);
     [[nodiscard]] static bool sees(const ui::Control& control) {
         return control.peer() != nullptr && ::IsWindowVisible(native::windowFor(control)) != FALSE;
     }
@@ -425,6 +465,25 @@ void NativeBackend::resize(ui::Form& form, ui::Size clientSize) {
                    outer.right - outer.left + toPixels(clientSize.width, dpi) - client.right,
                    outer.bottom - outer.top + toPixels(clientSize.height, dpi) - client.bottom,
                    SWP_NOMOVE | SWP_NOZORDER);
+    native::pump();
+}
+
+void NativeBackend::act(const ui::DrawingArea& area, UINT message, WPARAM keys, ui::Point at) {
+    const HWND window = native::windowFor(area);
+    native::requireUsable(window);
+    const POINT pixel = pixelOf(area, at);
+    ::PostMessageW(window, message, keys, MAKELPARAM(pixel.x, pixel.y));
+    native::pump();
+}
+
+/// It comes to the window that has the focus, as from the system.
+void NativeBackend::turnWheel(ui::DrawingArea& area, ui::Point at, std::int32_t wheel,
+                              ui::Modifiers modifiers) {
+    POINT pixel = pixelOf(area, at);
+    ::ClientToScreen(native::windowFor(area), &pixel);
+    ::PostMessageW(::GetFocus(), WM_MOUSEWHEEL,
+                   MAKEWPARAM(keysOf(modifiers), static_cast<WORD>(static_cast<std::int16_t>(wheel))),
+                   MAKELPARAM(pixel.x, pixel.y));
     native::pump();
 }
 
