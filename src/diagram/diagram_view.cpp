@@ -16,6 +16,8 @@ using namespace ui::literals;
 namespace {
 
 constexpr Twips kPixel = 15_tw;
+/// Of a diagram that cannot be seen as a whole.
+constexpr double kFirstScale = 0.5;
 constexpr std::u16string_view kNothing = u"There is nothing to draw.";
 
 [[nodiscard]] std::ptrdiff_t emphasised(std::optional<std::size_t> box) noexcept {
@@ -41,7 +43,7 @@ DiagramView::DiagramView(std::u16string_view name, ui::Desktop& desktop)
             drawing_->drawOverview(canvas);
     });
     overview_.onWanted.connect([this](Point point) {
-        fitted_ = false;
+        shown_ = Shown::Part;
         view_.centreOn(point);
         viewChanged();
     });
@@ -83,7 +85,22 @@ void DiagramView::setModel(std::shared_ptr<DiagramModel> model) {
             });
     view_.setExtent(drawing_ ? drawing_->extent() : Rect{});
     describe();
-    fit();
+    shown_ = Shown::First;
+    lookFirst();
+    viewChanged();
+}
+
+/// All of it; where that would be too small to tell the boxes apart, the box with the most connections.
+void DiagramView::lookFirst() {
+    view_.fit();
+    if (!drawing_ || model_->boxes.empty() || detailAt(*model_, view_.scale()) != Detail::Plain)
+        return;
+    std::size_t most = 0;
+    for (std::size_t box = 1; box < model_->boxes.size(); ++box)
+        if (drawing_->connectionsOf(box).size() > drawing_->connectionsOf(most).size())
+            most = box;
+    view_.setScale(kFirstScale);
+    view_.centreOn(model_->boxes[most].place);
 }
 
 // What is seen.
@@ -92,7 +109,9 @@ void DiagramView::setModel(std::shared_ptr<DiagramModel> model) {
 void DiagramView::boundsChanged() {
     area_.setBounds({0_tw, 0_tw, bounds().width, bounds().height});
     view_.setWindow(bounds().size());
-    if (fitted_)
+    if (shown_ == Shown::First)
+        lookFirst();
+    else if (shown_ == Shown::Whole)
         view_.fit();
     viewChanged();
 }
@@ -141,25 +160,25 @@ void DiagramView::paintNothing(ui::Canvas& canvas) const {
 }
 
 void DiagramView::zoomIn() {
-    fitted_ = false;
+    shown_ = Shown::Part;
     view_.zoom(ViewState::kStep);
     viewChanged();
 }
 
 void DiagramView::zoomOut() {
-    fitted_ = false;
+    shown_ = Shown::Part;
     view_.zoom(1 / ViewState::kStep);
     viewChanged();
 }
 
 void DiagramView::fit() {
-    fitted_ = true;
+    shown_ = Shown::Whole;
     view_.fit();
     viewChanged();
 }
 
 void DiagramView::actualSize() {
-    fitted_ = false;
+    shown_ = Shown::Part;
     view_.setScale(1);
     viewChanged();
 }
@@ -197,7 +216,7 @@ void DiagramView::describe() {
 void DiagramView::show(std::size_t box) {
     if (!drawing_ || box >= model_->boxes.size())
         return;
-    fitted_ = false;
+    shown_ = Shown::Part;
     hovered_.reset();
     if (detailAt(*model_, view_.scale()) != Detail::Full)
         view_.setScale(1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -34,7 +35,8 @@ class DiagramView : public ui::Panel {
     /// The desktop outlives the control.
     DiagramView(std::u16string_view name, ui::Desktop& desktop);
 
-    /// Shows that diagram as a whole; null for none. The view moves its boxes.
+    /// Shows that diagram, as a whole if its boxes can then be told apart; null for none. The view moves its
+    /// boxes.
     void setModel(std::shared_ptr<DiagramModel> model);
     [[nodiscard]] const std::shared_ptr<DiagramModel>& model() const noexcept { return model_; }
     /// Null without a diagram.
@@ -67,6 +69,7 @@ class DiagramView : public ui::Panel {
     void connectMouse();
     void paint(ui::Canvas& canvas, const ui::Rect& dirty) const;
     void paintNothing(ui::Canvas& canvas) const;
+    void lookFirst();
     void viewChanged();
     void place();
     void choose(std::optional<std::size_t> box, bool hasMoved);
@@ -106,7 +109,10 @@ class DiagramView : public ui::Panel {
     std::shared_ptr<DiagramModel> model_;
     std::unique_ptr<DiagramDrawing> drawing_;
     ViewState view_;
-    bool fitted_ = true;  ///< all is seen, and shall be when the window changes
+    /// What is kept in sight when the window changes: what was seen first, all, or just what is in the
+    /// middle.
+    enum class Shown : std::uint8_t { First, Whole, Part };
+    Shown shown_ = Shown::First;
     std::optional<std::size_t> selected_, hovered_;
     std::optional<Gesture> gesture_;
 };

@@ -56,7 +56,7 @@ void DiagramView::mouseMoved(const ui::MouseEvent& event) {
 void DiagramView::dragTo(Point at) {
     const Point way = minus(at, std::exchange(gesture_->last, at));
     if (!gesture_->drag) {
-        fitted_ = false;
+        shown_ = Shown::Part;
         view_.panBy(way);
         return viewChanged();
     }
@@ -65,7 +65,7 @@ void DiagramView::dragTo(Point at) {
 }
 
 void DiagramView::boxMoved() {
-    fitted_ = false;
+    shown_ = Shown::Part;
     drawing_->boxMoved(gesture_->drag->box());
     area_.invalidate();
 }
@@ -105,7 +105,7 @@ void DiagramView::doubleClicked(const ui::MouseEvent& event) {
     if (!drawing_)
         return;
     const std::optional<std::size_t> box = boxUnder(event.at);
-    fitted_ = false;
+    shown_ = Shown::Part;
     if (box)
         view_.centreOn(model_->boxes[*box].place);
     else
@@ -116,7 +116,7 @@ void DiagramView::doubleClicked(const ui::MouseEvent& event) {
 
 void DiagramView::wheelTurned(const ui::MouseEvent& event) {
     const double notches = event.wheel / kNotch;
-    fitted_ = false;
+    shown_ = Shown::Part;
     if (has(event.modifiers, ui::Modifiers::Shift))
         view_.panBy({Twips{static_cast<std::int32_t>(kWheelWay.value * notches)}, 0_tw});
     else
@@ -149,7 +149,7 @@ bool DiagramView::runViewKey(ui::KeyChord chord) {
     const bool withControl = chord.modifiers == ui::Modifiers::Control;
     const bool withShift = chord.modifiers == ui::Modifiers::Shift;
     const auto pan = [this](Twips x, Twips y) {
-        fitted_ = false;
+        shown_ = Shown::Part;
         view_.panBy({x, y});
         viewChanged();
     };
@@ -214,7 +214,8 @@ void DiagramView::goToBox(std::size_t box) {
     view_.reveal(
         {place.left - margin, place.top - margin, place.width + margin * 2, place.height + margin * 2});
     const bool hasMoved = view_.middle() != before;
-    fitted_ = fitted_ && !hasMoved;
+    if (hasMoved)
+        shown_ = Shown::Part;
     choose(box, hasMoved);
 }
 

@@ -40,6 +40,15 @@ constexpr std::array<ButtonTraits, kStandardButtons> kButtons{{
     return automation::decimal(static_cast<std::int64_t>(number)) += number == 1 ? one : many;
 }
 
+/// With one digit more of what is small.
+[[nodiscard]] std::u16string percentage(double share) {
+    constexpr double kSmall = 0.1;
+    if (share >= kSmall)
+        return automation::decimal(std::lround(share * 100)) + u" %";
+    const std::int64_t thousandths = std::lround(share * 1000);
+    return automation::decimal(thousandths / 10) + u"." + automation::decimal(thousandths % 10) + u" %";
+}
+
 /// Of a diagram, larger than any that is drawn: how wide the panels are.
 constexpr std::u16string_view kWidestCount = u"000000 connections   ";
 constexpr std::u16string_view kWidestScale = u"Scale 400 %   ";
@@ -299,8 +308,7 @@ void frmDiagram::tellStatus() {
     status_.setPanelText(0, counted(model_ ? model_->boxes.size() : 0, u" box", u" boxes"));
     status_.setPanelText(1,
                          counted(model_ ? model_->connections.size() : 0, u" connection", u" connections"));
-    status_.setPanelText(
-        2, u"Scale " + automation::decimal(std::lround(std::max(view_.view().scale() * 100, 1.0))) + u" %");
+    status_.setPanelText(2, u"Scale " + percentage(view_.view().scale()));
 }
 
 void frmDiagram::tell(std::u16string_view text) {

@@ -66,6 +66,25 @@ TEST_F(View, StaysFittedWhileNobodyHasLookedCloser) {
     EXPECT_DOUBLE_EQ(seen().scale(), scale);
 }
 
+TEST_F(View, OpensOfWhatIsTooLargeTheBoxWithTheMostConnections) {
+    const auto large = gridOf(10000, 100);
+    Connection more;
+    more.from = 5050;
+    more.to = 5152;
+    more.line = {middleOf(large->boxes[5050].place), middleOf(large->boxes[5152].place)};
+    large->addConnection(more);
+    view_.setModel(large);
+    EXPECT_DOUBLE_EQ(seen().scale(), 0.5);
+    EXPECT_EQ(seen().middle(), middleOf(large->boxes[5050].place));
+    view_.setBounds({0_tw, 0_tw, 5000_tw, 5000_tw});
+    EXPECT_EQ(seen().middle(), middleOf(large->boxes[5050].place));
+    // Asked for, all of it is shown and kept in sight.
+    press(ui::key('F'));
+    EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
+    view_.setBounds({0_tw, 0_tw, 7000_tw, 5000_tw});
+    EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
+}
+
 TEST_F(View, TheWheelMakesWhatIsUnderTheMouseLarger) {
     const Point at = middleOfBox(73);
     for (const Modifiers each : {Modifiers::None, Modifiers::Control}) {

@@ -1,5 +1,6 @@
 #include "diagram/frm_diagram.h"
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -190,6 +191,16 @@ TEST_F(Window, ButtonsChangeTheScale) {
     EXPECT_EQ(status(2), u"Scale 100 %");
     click(StandardButton::Fit);
     EXPECT_DOUBLE_EQ(seen().scale(), all);
+}
+
+TEST_F(Window, SmallScalesAreToldMoreExactly) {
+    model_ = gridOf(10000, 100);
+    open();
+    EXPECT_EQ(status(2), u"Scale 50 %");
+    click(StandardButton::Fit);
+    EXPECT_EQ(status(2), u"Scale " + automation::decimal(std::lround(seen().scale() * 1000) / 10) + u"." +
+                             automation::decimal(std::lround(seen().scale() * 1000) % 10) + u" %");
+    EXPECT_LT(seen().scale(), 0.1);
 }
 
 TEST_F(Window, EveryButtonHasAToolTipAnAccessKeyAndADrawing) {
