@@ -1,6 +1,7 @@
 #include "diagram/diagram_arrange.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -20,6 +21,9 @@ namespace {
 constexpr layout::Length kStub = 210;
 /// Slanted lines keep away from labels by that much.
 constexpr layout::Length kAboveLabel = 120;
+/// Where on straight lines the labels of several connections of the same boxes are, one after another.
+constexpr std::array kLabelParts{0.5, 0.25, 0.75};
+constexpr Twips kBesideLoop{90};
 constexpr layout::Gaps kGaps{.boxes = 600, .ranks = 540, .connections = 240, .components = 1200};
 
 [[nodiscard]] Twips fromLayout(layout::Length length) noexcept {
@@ -119,12 +123,17 @@ void connectStraight(DiagramModel& model, const Measure& measure) {
         const auto ends = std::minmax(connection.from, connection.to);
         const std::int32_t earlier = between[ends]++;
         const Rect& from = model.boxes[connection.from].place;
-        connection.line = connection.from == connection.to
-                              ? loopLine(from, earlier)
-                              : straightLine(from, model.boxes[connection.to].place,
-                                             connection.from == ends.first ? earlier : -earlier);
-        const Point middle = middleOf(connection.line);
-        moveTo(connection.label, {middle.x + kBesideLine, middle.y - connection.label.height / 2});
+        const Twips width = connection.label.width, height = connection.label.height;
+        if (connection.from == connection.to) {
+            connection.line = loopLine(from, earlier);
+            moveTo(connection.label, {connection.line[1].x + kBesideLoop, connection.line[1].y});
+            continue;
+        }
+        const bool isForth = connection.from == ends.first;
+        connection.line = straightLine(from, model.boxes[connection.to].place, isForth ? earlier : -earlier);
+        const double part = kLabelParts[static_cast<std::size_t>(earlier) % kLabelParts.size()];
+        const Point middle = pointAlong(connection.line, isForth ? part : 1 - part);
+        moveTo(connection.label, {middle.x - width / 2, middle.y - height / 2});
     }
 }
 

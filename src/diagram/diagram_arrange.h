@@ -16,7 +16,8 @@ inline constexpr ui::Twips kDrawingMargin{480};
 /// connections along. False if `progress` cancelled: then sizes are fitted and places are as they were.
 bool arrangeDiagram(DiagramModel& model, const Measure& measure, const layout::Progress& progress = {});
 
-/// For boxes that stay where they are: fits the sizes and leads every connection straight from box to box.
+/// For boxes that stay where they are: fits the sizes and leads every connection straight from box to box,
+/// its label on it.
 void connectStraight(DiagramModel& model, const Measure& measure);
 
 }  // namespace quorel::diagram

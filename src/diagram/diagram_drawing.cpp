@@ -21,30 +21,51 @@ constexpr double kReadable = 4.5, kGuessed = 3.5;
 /// Below this a header is a few pixels high.
 constexpr double kShowsHeaders = 0.09;
 
-[[nodiscard]] Rect extentOf(const DiagramModel& model) {
-    std::int64_t left = 0, top = 0, right = 0, bottom = 0;
-    const auto add = [&](Point point) {
-        left = std::min<std::int64_t>(left, std::int64_t{point.x.value} - kDrawingMargin.value);
-        top = std::min<std::int64_t>(top, std::int64_t{point.y.value} - kDrawingMargin.value);
-        right = std::max<std::int64_t>(right, std::int64_t{point.x.value} + kDrawingMargin.value);
-        bottom = std::max<std::int64_t>(bottom, std::int64_t{point.y.value} + kDrawingMargin.value);
-    };
-    const auto addRect = [&](const Rect& place) {
-        add({place.left, place.top});
-        add({place.right(), place.bottom()});
-    };
-    for (const Box& box : model.boxes)
-        addRect(box.place);
-    for (const Connection& connection : model.connections) {
-        std::for_each(connection.line.begin(), connection.line.end(), add);
+/// Grows around what is added, with a margin; holds 0, 0.
+class Extent {
+  public:
+    explicit Extent(const Rect& begin = {})
+        : left_(begin.left.value),
+          top_(begin.top.value),
+          right_(left_ + begin.width.value),
+          bottom_(top_ + begin.height.value) {}
+
+    void add(const Box& box) { add(box.place); }
+    void add(const Connection& connection) {
+        for (const Point& point : connection.line)
+            add(point);
         if (connection.label.width.value > 0)
-            addRect(connection.label);
+            add(connection.label);
     }
-    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-    return {{static_cast<std::int32_t>(std::max(left, -kMost / 2))},
-            {static_cast<std::int32_t>(std::max(top, -kMost / 2))},
-            {static_cast<std::int32_t>(std::min(right - left, kMost))},
-            {static_cast<std::int32_t>(std::min(bottom - top, kMost))}};
+    [[nodiscard]] Rect rect() const noexcept {
+        constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+        const auto twips = [](std::int64_t length) { return Twips{static_cast<std::int32_t>(length)}; };
+        return {twips(std::max(left_, -kMost / 2)), twips(std::max(top_, -kMost / 2)),
+                twips(std::min(right_ - left_, kMost)), twips(std::min(bottom_ - top_, kMost))};
+    }
+
+  private:
+    void add(Point point) {
+        left_ = std::min<std::int64_t>(left_, std::int64_t{point.x.value} - kDrawingMargin.value);
+        top_ = std::min<std::int64_t>(top_, std::int64_t{point.y.value} - kDrawingMargin.value);
+        right_ = std::max<std::int64_t>(right_, std::int64_t{point.x.value} + kDrawingMargin.value);
+        bottom_ = std::max<std::int64_t>(bottom_, std::int64_t{point.y.value} + kDrawingMargin.value);
+    }
+    void add(const Rect& place) {
+        add(Point{place.left, place.top});
+        add(Point{place.right(), place.bottom()});
+    }
+
+    std::int64_t left_, top_, right_, bottom_;
+};
+
+[[nodiscard]] Rect extentOf(const DiagramModel& model) {
+    Extent extent;
+    for (const Box& box : model.boxes)
+        extent.add(box);
+    for (const Connection& connection : model.connections)
+        extent.add(connection);
+    return extent.rect();
 }
 
 }  // namespace
@@ -119,7 +140,11 @@ void DiagramDrawing::refresh() {
 void DiagramDrawing::boxMoved(std::size_t box) {
     index_.addBox(box);
     index_.addConnections(connectionsOf_.at(box));
-    extent_ = extentOf(*model_);
+    Extent extent(extent_);
+    extent.add(model_->boxes.at(box));
+    for (const std::size_t number : connectionsOf_[box])
+        extent.add(model_->connections[number]);
+    extent_ = extent.rect();
 }
 
 const Shape& DiagramDrawing::shapeOfBox(std::size_t box) const {
@@ -145,10 +170,14 @@ void DiagramDrawing::drawAll(ui::Canvas& canvas) const {
     drawPart(canvas, extent_, Detail::Full, {}, palette::kWhite);
 }
 
-void DiagramDrawing::drawOverview(ui::Canvas& canvas) const {
-    Painting painting(canvas, *model_, extent_, Detail::Plain, palette::kPaper);
-    for (const Box& box : model_->boxes)
-        painting.plainBox(box, Weight::Normal);
+void DiagramDrawing::drawOverview(ui::Canvas& canvas, Twips leastSide) const {
+    for (const Box& box : model_->boxes) {
+        const Rect& place = box.place;
+        const bool isSmall = std::min(place.width, place.height) < leastSide * 2;
+        canvas.fillRectangle(
+            {place.left, place.top, std::max(place.width, leastSide), std::max(place.height, leastSide)},
+            isSmall ? palette::kBorder : palette::kPlainBox);
+    }
 }
 
 void DiagramDrawing::drawPart(ui::Canvas& canvas, const Rect& visible, Detail detail,

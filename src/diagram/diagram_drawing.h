@@ -40,7 +40,8 @@ class DiagramDrawing {
 
     /// Boxes and lines have got other places, or hold something else. Costs the diagram's size.
     void refresh();
-    /// One box was moved, its connections with it.
+    /// One box was moved, its connections with it. The extent grows, and never shrinks before the next
+    /// `refresh`.
     void boxMoved(std::size_t box);
 
     /// All there is to see, with a margin; begins at 0, 0 unless something lies left of or above that.
@@ -50,8 +51,8 @@ class DiagramDrawing {
     void draw(ui::Canvas& canvas, const ui::Rect& visible, double scale, const Emphasis& emphasis = {}) const;
     /// All of it in full, on white: for paper and files.
     void drawAll(ui::Canvas& canvas) const;
-    /// Every box as a plain rectangle, and nothing else.
-    void drawOverview(ui::Canvas& canvas) const;
+    /// Every box as a plain rectangle, no narrower or lower than that, and nothing else.
+    void drawOverview(ui::Canvas& canvas, ui::Twips leastSide) const;
 
     /// The topmost box there; -1 if there is none.
     [[nodiscard]] std::ptrdiff_t boxAt(ui::Point point) const;

@@ -97,8 +97,10 @@ void Painting::line(const Connection& connection, Weight weight) {
 void Painting::label(const Connection& connection, const Shape& shape, Weight weight) {
     if (detail_ <= Detail::Boxes || connection.label.width.value <= 0)
         return;
-    if (shape.header < shape.size.height) {
-        canvas_.fillRectangle(connection.label, kWhite);
+    const bool hasSection = shape.header < shape.size.height;
+    // A line may run below it where nobody has arranged the boxes.
+    canvas_.fillRectangle(connection.label, hasSection ? kWhite : paper_);
+    if (hasSection) {
         canvas_.drawRectangle(
             connection.label,
             {shade(weight == Weight::Accent ? kAccent : kLabelBorder, weight), kBorderWidth});

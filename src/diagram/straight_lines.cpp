@@ -77,7 +77,7 @@ std::vector<Point> loopLine(const Rect& box, std::int32_t lane) {
     return {{box.right(), upper}, {right, upper}, {right, lower}, {box.right(), lower}};
 }
 
-Point middleOf(const std::vector<Point>& line) {
+Point pointAlong(const std::vector<Point>& line, double part) {
     const auto lengthOf = [&](std::size_t at) {
         return std::hypot(static_cast<double>(line[at].x.value) - line[at - 1].x.value,
                           static_cast<double>(line[at].y.value) - line[at - 1].y.value);
@@ -85,7 +85,7 @@ Point middleOf(const std::vector<Point>& line) {
     double all = 0;
     for (std::size_t at = 1; at < line.size(); ++at)
         all += lengthOf(at);
-    double rest = all / 2;
+    double rest = all * part;
     for (std::size_t at = 1; at < line.size(); ++at) {
         const double length = lengthOf(at);
         if (rest <= length && length > 0) {

@@ -8,9 +8,6 @@
 /// Lines for boxes that nobody has arranged.
 namespace quorel::diagram {
 
-/// How far a label stands from its line.
-inline constexpr ui::Twips kBesideLine{90};
-
 /// From edge to edge along the way between the middles; `lane` steps aside, for lines of the same boxes.
 [[nodiscard]] std::vector<ui::Point> straightLine(const ui::Rect& from, const ui::Rect& to,
                                                   std::int32_t lane);
@@ -18,7 +15,7 @@ inline constexpr ui::Twips kBesideLine{90};
 /// Around the right side of a box; later lanes are wider.
 [[nodiscard]] std::vector<ui::Point> loopLine(const ui::Rect& box, std::int32_t lane);
 
-/// Half the way along a line; 0, 0 of one without points.
-[[nodiscard]] ui::Point middleOf(const std::vector<ui::Point>& line);
+/// That part of the way, from 0 to 1, along a line; 0, 0 of one without points.
+[[nodiscard]] ui::Point pointAlong(const std::vector<ui::Point>& line, double part);
 
 }  // namespace quorel::diagram

@@ -127,6 +127,7 @@ TEST(ExportSvg, ASmallDiagramIsExactlyThis) {
 <rect x="816" y="3636" width="1590" height="795" fill="#e3e9f2"/>
 <polyline points="1575,1665 1575,3600" fill="none" stroke="#7c8da6" stroke-width="15"/>
 <polygon points="1575,3600 1643,3435 1575,3480 1507,3435" fill="#7c8da6" stroke="#7c8da6" stroke-width="15" stroke-linejoin="round"/>
+<rect x="1815" y="2265" width="1440" height="735" fill="#ffffff"/>
 <text x="1875" y="2512" font-family="'Courier New',monospace" font-size="200" textLength="1320" lengthAdjust="spacingAndGlyphs" fill="#6f809b">«MetaAssoc»</text>
 <text x="1875" y="2860" font-family="'Courier New',monospace" font-size="300" textLength="540" lengthAdjust="spacingAndGlyphs" fill="#455570">Has</text>
 <rect x="780" y="480" width="1590" height="1185" fill="#ffffff"/>
