@@ -247,7 +247,7 @@ TEST(DiagramDrawing, TheWholeIsDrawnOnWhiteInFull) {
 TEST(DiagramDrawing, TheOverviewIsBoxesAlone) {
     const DiagramDrawing drawing(field(100, 10), evenSize);
     RecordingCanvas canvas(headless::wholeView(drawing.extent().size()));
-    drawing.drawOverview(canvas);
+    drawing.drawOverview(canvas, {});
     EXPECT_EQ(canvas.items().size(), 100U);
     EXPECT_EQ(countOf(canvas, Kind::Filled), 100U);
 }
