@@ -54,7 +54,7 @@ class ProgressWindow {
         window_->setCaption(u"Diagram");
         window_->setTitle(u"Arranging " + automation::decimal(static_cast<std::int64_t>(boxes_)) + u" boxes");
         if (cancelKey_ != nullptr)
-            window_->setProgressText(u"Press Esc to see them without");
+            window_->setProgressText(u"Esc puts them in rows instead");
         window_->Init({.value = 0, .minimum = 0, .maximum = kWhole});
         window_->PopUp();
     }

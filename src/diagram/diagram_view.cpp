@@ -38,9 +38,9 @@ DiagramView::DiagramView(std::u16string_view name, ui::Desktop& desktop)
     area_.setBackground(palette::kPaper);
     area_.setPainter([this](ui::Canvas& canvas, const Rect& dirty) { paint(canvas, dirty); });
     overview_.setVisible(false);
-    overview_.setPainterOfBoxes([this](ui::Canvas& canvas) {
+    overview_.setPainterOfBoxes([this](ui::Canvas& canvas, Twips pixel) {
         if (drawing_)
-            drawing_->drawOverview(canvas);
+            drawing_->drawOverview(canvas, pixel);
     });
     overview_.onWanted.connect([this](Point point) {
         shown_ = Shown::Part;

@@ -1,6 +1,7 @@
 #include "diagram/overview.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <utility>
 
@@ -93,8 +94,9 @@ Rect Overview::frame() const noexcept {
 void Overview::paint(ui::Canvas& canvas, const Rect& dirty) const {
     canvas.fillRectangle(dirty, palette::kPaper);
     if (paintBoxes_) {
-        canvas.setView(whole().canvasView(dirty));
-        paintBoxes_(canvas);
+        const ui::CanvasView view = whole().canvasView(dirty);
+        canvas.setView(view);
+        paintBoxes_(canvas, {static_cast<std::int32_t>(std::ceil(kPixel.value / view.scale))});
     }
     canvas.setView({dirty, {dirty.left, dirty.top}, 1});
     canvas.drawRectangle({0_tw, 0_tw, bounds().width - kPixel, bounds().height - kPixel},

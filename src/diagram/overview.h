@@ -19,8 +19,9 @@ class Overview : public ui::DrawingArea {
   public:
     explicit Overview(std::u16string_view name);
 
-    /// Draws every box and nothing else; the canvas has its view already.
-    void setPainterOfBoxes(std::function<void(ui::Canvas&)> painter) { paintBoxes_ = std::move(painter); }
+    /// Draws every box and nothing else; the canvas has its view already, in which a pixel is that long.
+    using PainterOfBoxes = std::function<void(ui::Canvas& canvas, ui::Twips pixel)>;
+    void setPainterOfBoxes(PainterOfBoxes painter) { paintBoxes_ = std::move(painter); }
     /// `extent` is the whole drawing, `seen` the part of it in the window.
     void show(const ui::Rect& extent, const ui::Rect& seen);
 
@@ -35,7 +36,7 @@ class Overview : public ui::DrawingArea {
     void paint(ui::Canvas& canvas, const ui::Rect& dirty) const;
     void mouseIsAt(ui::Point at);
 
-    std::function<void(ui::Canvas&)> paintBoxes_;
+    PainterOfBoxes paintBoxes_;
     ui::Rect extent_, seen_;
 };
 
