@@ -7,6 +7,7 @@
 #include "platform/win32/text.h"
 #include "platform/win32/ui/clipboard.h"
 #include "platform/win32/ui/form_window.h"
+#include "platform/win32/ui/keyboard_hook.h"
 #include "platform/win32/ui/native_text.h"
 #include "platform/win32/ui/peer_factory.h"
 #include "platform/win32/ui/picture_decoder.h"
@@ -74,7 +75,9 @@ bool WindowsDesktop::takeCancelKey() {
     bool isCancelled = false;
     MSG message{};
     while (::PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) != FALSE)
-        isCancelled = isCancelled || (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE);
+        isCancelled =
+            isCancelled || ((message.message == WM_KEYDOWN || message.message == keyMessages().keyDown) &&
+                            message.wParam == VK_ESCAPE);
     return isCancelled;
 }
 
