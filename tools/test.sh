@@ -144,6 +144,23 @@ test_samples() {
     run_program sample-repository.cpp build/windows/bin/sample_repository.exe "$repository"
 }
 
+# The layout of real metamodels' diagrams.
+bench_metamodels() {
+    local from=build/third_party/metamodels out=build/metamodels import=build/native/bin/quorel-import
+    say "Diagrams of real metamodels"
+    tools/fetch-metamodels >"$logs/metamodels.log" 2>&1 || { note "they cannot be fetched; see $logs/metamodels.log"; return; }
+    mkdir -p "$out"
+    rm -f "$out"/*.quorel
+    "$import" --ecore "$from/XSD.ecore" "$out/xsd.quorel"
+    "$import" --ecore "$from/UIElements.ecore" "$from/ModelFragment.ecore" "$out/ui.quorel"
+    if [[ -f $from/bpmn.json ]]; then
+        "$import" --moddle "$from"/{bpmn,bpmndi,dc,di}.json "$out/bpmn.quorel"
+    else
+        note "without the one of BPMN, as npm is not installed"
+    fi
+    build/native/bin/diagram_layout_bench "$out"/*.quorel
+}
+
 run_benchmarks() {
     local program
     setup
@@ -153,6 +170,7 @@ run_benchmarks() {
     graphics null
     say "Benchmarks, natively"
     for program in build/native/bin/*_bench; do "$program"; done
+    bench_metamodels
     say "Benchmarks, under Wine"
     for program in build/windows/bin/*_bench.exe; do run_windows 600 "$program"; done
 }
