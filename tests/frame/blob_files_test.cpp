@@ -127,16 +127,15 @@ TEST_F(BlobFiles, NothingIsLeftBesideTheFile) {
 }
 
 TEST_F(BlobFiles, PicturesOfEveryKindByTheirContent) {
-    const testing::Bytes gif{'G', 'I',  'F', '8', '9', 'a', 2, 0, 1, 0, 0x80, 0, 0, 0,    0,    0, 255, 255,
-                             255, 0x2C, 0,   0,   0,   0,   2, 0, 1, 0, 0,    2, 2, 0x44, 0x0A, 0, 0x3B};
-    const testing::Bytes jpeg{0xFF, 0xD8, 0xFF, 0xE0, 0,  4, 0, 0,    0xFF, 0xC0, 0,    11,
-                              8,    0,    32,   0,    64, 1, 1, 0x11, 0,    0xFF, 0xDA, 0,
-                              8,    1,    1,    0,    0,  0, 0, 1,    0xFF, 0xD9};
+    const testing::Bytes gif = testing::gifBytes();
+    const testing::Bytes jpeg = testing::jpegBytes(64, 32, 1, 2, 3);
+    const testing::Bytes enhanced = testing::enhancedMetafileBytes();
     for (const testing::Bytes& bytes : {testing::pngBytes(8, 8, 1, 2, 3), testing::bmpBytes(8, 8, 1, 2, 3),
-                                        testing::iconBytes(), testing::metafileBytes(), gif, jpeg})
+                                        testing::iconBytes(), testing::metafileBytes(), gif, jpeg, enhanced})
         EXPECT_TRUE(picture(bytes));
     EXPECT_EQ(picture(jpeg).get(u"Width").toInteger(), 64 * 2540 / 96);
     EXPECT_EQ(picture(jpeg).get(u"Height").toInteger(), 32 * 2540 / 96);
+    EXPECT_EQ(picture(enhanced).get(u"Width").toInteger(), 2540);
     EXPECT_EQ(picture(gif).get(u"Width").toInteger(), 2 * 2540 / 96);
 }
 

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <array>
 #include <cstring>
 #include <random>
+#include <utility>
+#include <vector>
 
 #include "platform/win32/com/failures.h"
 #include "server/QuorelUtility.h"
@@ -118,35 +121,56 @@ TEST_F(EarlyBoundBlob, DecPutsTheVariableInUpperCaseEvenIfItFails) {
     ::SysFreeString(text);
 }
 
-TEST_F(EarlyBoundBlob, PicturesOfManyKindsAreThePlatforms) {
-    const Bytes gif{'G', 'I',  'F', '8', '9', 'a', 2, 0, 1, 0, 0x80, 0, 0, 0,    0,    0, 255, 255,
-                    255, 0x2C, 0,   0,   0,   0,   2, 0, 1, 0, 0,    2, 2, 0x44, 0x0A, 0, 0x3B};
-    for (const Bytes& bytes :
-         {quorel::testing::bmpBytes(9, 9, 1, 2, 3), quorel::testing::pngBytes(9, 9, 200, 2, 3),
-          quorel::testing::iconBytes(), quorel::testing::metafileBytes(), gif}) {
+TEST_F(EarlyBoundBlob, PicturesOfEveryKindAreThePlatforms) {
+    using namespace quorel::testing;
+    const std::vector<std::pair<Bytes, SHORT>> kinds{{bmpBytes(9, 9, 1, 2, 3), PICTYPE_BITMAP},
+                                                     {pngBytes(9, 9, 200, 2, 3), PICTYPE_BITMAP},
+                                                     {jpegBytes(9, 9, 1, 2, 3), PICTYPE_BITMAP},
+                                                     {gifBytes(), PICTYPE_BITMAP},
+                                                     {iconBytes(), PICTYPE_ICON},
+                                                     {metafileBytes(), PICTYPE_METAFILE},
+                                                     {enhancedMetafileBytes(), PICTYPE_ENHMETAFILE}};
+    for (const auto& [bytes, kind] : kinds) {
         const ComPtr<IPicture> made = picture(bytes);
-        ASSERT_TRUE(made);
+        ASSERT_TRUE(made) << kind;
+        SHORT type = PICTYPE_UNINITIALIZED;
+        EXPECT_EQ(made->get_Type(&type), S_OK);
+        EXPECT_EQ(type, kind);
         OLE_XSIZE_HIMETRIC width = 0;
         EXPECT_EQ(made->get_Width(&width), S_OK);
         EXPECT_GT(width, 0);
     }
 }
 
-TEST_F(EarlyBoundBlob, APngsPixelsAreInItsPicture) {
-    Bytes bytes = quorel::testing::pngBytes(4, 4, 200, 100, 50);
-    const ComPtr<IPicture> made = picture(bytes);
-    ASSERT_TRUE(made);
+/// Blue, green and red of a pixel, as the platform gives them from the picture's bitmap.
+std::array<int, 3> pixelOf(const ComPtr<IPicture>& picture, int x, int y) {
     OLE_HANDLE handle = 0;
-    ASSERT_EQ(made->get_Handle(&handle), S_OK);
-    DIBSECTION section{};
-    ASSERT_NE(::GetObjectW(reinterpret_cast<HGDIOBJ>(static_cast<std::uintptr_t>(handle)), sizeof(section),
-                           &section),
-              0);
-    const auto* const pixel = static_cast<const std::uint8_t*>(section.dsBm.bmBits);
-    ASSERT_NE(pixel, nullptr);
-    EXPECT_EQ(pixel[0], 50);
-    EXPECT_EQ(pixel[1], 100);
-    EXPECT_EQ(pixel[2], 200);
+    EXPECT_EQ(picture->get_Handle(&handle), S_OK);
+    const HDC screen = ::GetDC(nullptr);
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), 16, -16, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    std::array<std::uint8_t, 16 * 16 * 4> pixels{};
+    EXPECT_EQ(::GetDIBits(screen, reinterpret_cast<HBITMAP>(static_cast<std::uintptr_t>(handle)), 0, 16,
+                          pixels.data(), &info, DIB_RGB_COLORS),
+              16);
+    ::ReleaseDC(nullptr, screen);
+    const auto* const at = &pixels[static_cast<std::size_t>(y * 16 + x) * 4];
+    return {at[0], at[1], at[2]};
+}
+
+TEST_F(EarlyBoundBlob, PixelsAreInThePicture) {
+    using namespace quorel::testing;
+    for (const Bytes& bytes :
+         {pngBytes(16, 16, 200, 100, 50), bmpBytes(16, 16, 200, 100, 50), jpegBytes(16, 16, 200, 100, 50)}) {
+        const ComPtr<IPicture> made = picture(bytes);
+        ASSERT_TRUE(made);
+        for (const int place : {0, 7, 15}) {
+            const auto pixel = pixelOf(made, place, place);
+            EXPECT_NEAR(pixel[0], 50, 4);
+            EXPECT_NEAR(pixel[1], 100, 4);
+            EXPECT_NEAR(pixel[2], 200, 4);
+        }
+    }
 }
 
 TEST_F(EarlyBoundBlob, DamagedBytesGiveAPictureOrNothing) {

@@ -1,7 +1,11 @@
 #include "tests/support/picture_bytes.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <utility>
 
 namespace quorel::testing {
 
@@ -68,7 +72,91 @@ void chunk(Bytes& out, std::string_view name, const Bytes& content) {
     return out;
 }
 
+/// A part of a JPEG file with its length in front.
+void segment(Bytes& out, std::uint8_t marker, const Bytes& content) {
+    append(out, {0xFF, marker, 0, static_cast<std::uint8_t>(content.size() + 2)});
+    append(out, content);
+}
+
+/// The bits of a JPEG file's pixels, the highest first.
+class BitWriter {
+  public:
+    void put(std::uint32_t bits, int count) {
+        while (count-- > 0) {
+            byte_ = byte_ << 1 | (bits >> count & 1U);
+            if (++filled_ == 8)
+                flush();
+        }
+    }
+    /// The last byte is filled with ones.
+    [[nodiscard]] Bytes take() {
+        while (filled_ != 0)
+            put(1, 1);
+        return std::move(bytes_);
+    }
+
+  private:
+    void flush() {
+        bytes_.push_back(static_cast<std::uint8_t>(byte_));
+        if (bytes_.back() == 0xFF)
+            bytes_.push_back(0);
+        byte_ = 0;
+        filled_ = 0;
+    }
+    Bytes bytes_;
+    std::uint32_t byte_ = 0;
+    int filled_ = 0;
+};
+
+/// A block of one value, told by what it has more than the one before.
+void putBlock(BitWriter& out, int more) {
+    int size = 0;
+    while (std::abs(more) >> size != 0)
+        ++size;
+    out.put(static_cast<std::uint32_t>(size), 4);
+    out.put(static_cast<std::uint32_t>(more < 0 ? more + (1 << size) - 1 : more), size);
+    out.put(0, 1);
+}
+
+/// The means of blocks take four bits for their size, in order; whatever varies within a block is always
+/// none.
+[[nodiscard]] Bytes jpegHead(std::uint32_t width, std::uint32_t height) {
+    Bytes out{0xFF, 0xD8};
+    segment(out, 0xE0, {'J', 'F', 'I', 'F', 0, 1, 1, 1, 0, 96, 0, 96, 0, 0});
+    Bytes steps(65, 8);
+    steps[0] = 0;
+    segment(out, 0xDB, steps);
+    Bytes frame{8};
+    for (const std::uint32_t side : {height, width})
+        append(frame, {static_cast<std::uint8_t>(side >> 8), static_cast<std::uint8_t>(side)});
+    append(frame, {3, 1, 0x11, 0, 2, 0x11, 0, 3, 0x11, 0});
+    segment(out, 0xC0, frame);
+    segment(out, 0xC4, {0, 0, 0, 0, 9, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8});
+    segment(out, 0xC4, {0x10, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    segment(out, 0xDA, {3, 1, 0, 2, 0, 3, 0, 0, 63, 0});
+    return out;
+}
+
 }  // namespace
+
+Bytes jpegBytes(std::uint32_t width, std::uint32_t height, std::uint8_t red, std::uint8_t green,
+                std::uint8_t blue) {
+    const double luma = 0.299 * red + 0.587 * green + 0.114 * blue;
+    const std::array<double, 3> values{luma - 128, (blue - luma) * 0.564, (red - luma) * 0.713};
+    BitWriter pixels;
+    for (std::uint32_t block = 0; block < (width + 7) / 8 * ((height + 7) / 8); ++block)
+        for (const double value : values)
+            putBlock(pixels, block == 0 ? static_cast<int>(std::lround(value)) : 0);
+    Bytes out = jpegHead(width, height);
+    append(out, pixels.take());
+    append(out, {0xFF, 0xD9});
+    return out;
+}
+
+Bytes gifBytes() {
+    return {'G', 'I',  'F', '8', '9', 'a', 2, 0, 1, 0, 0x80, 0, 0, 0,    0,    0, 255, 255,
+            255, 0x2C, 0,   0,   0,   0,   2, 0, 1, 0, 0,    2, 2, 0x44, 0x0A, 0, 0x3B};
+}
 
 Bytes pngBytes(std::uint32_t width, std::uint32_t height, std::uint8_t red, std::uint8_t green,
                std::uint8_t blue) {
@@ -153,6 +241,28 @@ Bytes metafileBytes() {
         for (const std::uint32_t value : record)
             little(out, value, 2);
     }
+    return out;
+}
+
+// The device is one of 960 by 960 pixels and 254 by 254 millimetres.
+Bytes enhancedMetafileBytes() {
+    const std::vector<std::vector<std::uint32_t>> records{
+        {39, 24, 1, 0, 0x0000FF00, 0},  // a green brush becomes object 1
+        {37, 12, 1},                    // is taken
+        {37, 12, 0x80000008},           // no pen
+        {43, 24, 0, 0, 96, 96},         // the rectangle: left, top, right, bottom
+        {14, 20, 0, 16, 20},            // the end
+    };
+    std::uint32_t size = 88;
+    for (const auto& record : records)
+        size += record[1];
+    Bytes out;
+    for (const std::uint32_t value : {1U,       88U,  0U, 0U, 95U, 95U, 0U, 0U,   2540U, 2540U, 0x464D4520U,
+                                      0x10000U, size, 6U, 2U, 0U,  0U,  0U, 960U, 960U,  254U,  254U})
+        little(out, value, 4);
+    for (const auto& record : records)
+        for (const std::uint32_t value : record)
+            little(out, value, 4);
     return out;
 }
 

@@ -16,10 +16,17 @@ using Bytes = std::vector<std::uint8_t>;
                              std::uint8_t blue);
 [[nodiscard]] Bytes bmpBytes(std::int32_t width, std::int32_t height, std::uint8_t red, std::uint8_t green,
                              std::uint8_t blue);
+/// As near to the colour as the format comes.
+[[nodiscard]] Bytes jpegBytes(std::uint32_t width, std::uint32_t height, std::uint8_t red, std::uint8_t green,
+                              std::uint8_t blue);
+/// Two pixels: a black one and a white one.
+[[nodiscard]] Bytes gifBytes();
 /// A square of 16 pixels in red and, as a PNG inside, one of 32 in green.
 [[nodiscard]] Bytes iconBytes();
 /// A placeable metafile of 48 by 32 pixels: its left half is a red rectangle without an edge.
 [[nodiscard]] Bytes metafileBytes();
+/// An enhanced metafile of 96 by 96 pixels: a green square.
+[[nodiscard]] Bytes enhancedMetafileBytes();
 
 /// Overwrites four bytes, the lowest first.
 void poke(Bytes& bytes, std::size_t at, std::uint32_t value);

@@ -75,6 +75,25 @@ TEST_F(PictureFiles, BitmapsAndPngsAreShownAsTheyAre) {
     EXPECT_EQ(pixelOf(png[0], 19, 9), (Pixel{200, 100, 50, 255}));
 }
 
+TEST_F(PictureFiles, JpegsAndGifsAreShownAsTheyAre) {
+    const auto jpeg = load("quorel-test.jpg", jpegBytes(37, 21, 200, 100, 50));
+    ASSERT_EQ(jpeg.size(), 1U);
+    EXPECT_EQ(jpeg[0].width, 37);
+    EXPECT_EQ(jpeg[0].height, 21);
+    for (const auto& [x, y] : {std::pair{0, 0}, {18, 10}, {36, 20}}) {
+        const Pixel pixel = pixelOf(jpeg[0], x, y);
+        EXPECT_NEAR(pixel[0], 200, 4);
+        EXPECT_NEAR(pixel[1], 100, 4);
+        EXPECT_NEAR(pixel[2], 50, 4);
+        EXPECT_EQ(pixel[3], 255);
+    }
+    const auto gif = load("quorel-test.gif", gifBytes());
+    ASSERT_EQ(gif.size(), 1U);
+    EXPECT_EQ(gif[0].width, 2);
+    EXPECT_EQ(pixelOf(gif[0], 0, 0), (Pixel{0, 0, 0, 255}));
+    EXPECT_EQ(pixelOf(gif[0], 1, 0), (Pixel{255, 255, 255, 255}));
+}
+
 TEST_F(PictureFiles, AnIconBringsAllItsSizes) {
     const auto icon = load("quorel-test.ico", iconBytes());
     ASSERT_EQ(icon.size(), 2U);
@@ -98,6 +117,10 @@ TEST_F(PictureFiles, MetafilesAreDrawnOnNothing) {
     EXPECT_EQ(disc[0].width, 96);
     EXPECT_EQ(pixelOf(disc[0], 48, 48), (Pixel{0, 200, 0, 255}));
     EXPECT_EQ(pixelOf(disc[1], 1, 1), (Pixel{0, 0, 0, 0}));
+    const auto square = load("quorel-test.emf", enhancedMetafileBytes());
+    ASSERT_EQ(square.size(), 2U);
+    EXPECT_EQ(square[0].width, 96);
+    EXPECT_EQ(pixelOf(square[0], 48, 48), (Pixel{0, 255, 0, 255}));
 }
 
 TEST_F(PictureFiles, AFileThatIsDamagedInsideIsNamed) {
