@@ -10,6 +10,11 @@ constexpr ULONGLONG kSteps = 1000;
 }  // namespace
 
 void TaskbarButton::show(HWND window, std::optional<double> progress) {
+    std::optional<ULONGLONG> wanted;
+    if (progress)
+        wanted = static_cast<ULONGLONG>(std::llround(*progress * kSteps));
+    if (wanted == std::exchange(shown_, wanted))
+        return;
     if (!tried_) {
         tried_ = true;
         const HRESULT made =
@@ -18,10 +23,7 @@ void TaskbarButton::show(HWND window, std::optional<double> progress) {
         if (FAILED(made) || FAILED(list_->HrInit()))
             list_.reset();
     }
-    std::optional<ULONGLONG> wanted;
-    if (progress)
-        wanted = static_cast<ULONGLONG>(std::llround(*progress * kSteps));
-    if (!list_ || wanted == std::exchange(shown_, wanted))
+    if (!list_)
         return;
     if (wanted)
         list_->SetProgressValue(window, *wanted, kSteps);
