@@ -4,7 +4,6 @@
 #include <charconv>
 #include <deque>
 #include <initializer_list>
-#include <set>
 #include <utility>
 
 #include "platform/automation/text.h"

@@ -2,9 +2,10 @@
 
 #include <expat.h>
 
-#include <array>
 #include <exception>
 #include <memory>
+#include <new>
+#include <type_traits>
 #include <utility>
 
 namespace quorel::repository {
