@@ -71,10 +71,7 @@ class Extent {
 }  // namespace
 
 Detail detailAt(const DiagramModel& model, double scale) {
-    const auto points = [&](TextRole role) {
-        const std::int32_t size = fontOf(model, role).points;
-        return (size > 0 ? size : 9) * scale;
-    };
+    const auto points = [&](TextRole role) { return pointsOf(fontOf(model, role)) * scale; };
     if (points(TextRole::Property) >= kReadable)
         return Detail::Full;
     if (points(TextRole::Name) >= kGuessed)

@@ -23,7 +23,7 @@ constexpr Twips kTallestPicture = 540_tw;
 constexpr Twips kNarrowestBox = 1500_tw;
 constexpr Twips kLabelPadding = 60_tw;
 constexpr std::int32_t kSmallestPoints = 7;
-constexpr std::int32_t kWindowPoints = 9;  ///< stands for the size of the windows' font
+constexpr std::int32_t kWindowPoints = 9;
 constexpr std::u16string_view kLineBreak = u"\r\n";
 constexpr char16_t kEllipsis = u'…';
 
@@ -54,10 +54,6 @@ void appendLine(std::vector<HeaderLine>& lines, std::u16string_view line, bool i
     }
     if (!line.empty())
         lines.push_back({shownLine(line), !isLast});
-}
-
-[[nodiscard]] constexpr std::int32_t pointsOf(const ui::Font& font) noexcept {
-    return font.points > 0 ? font.points : kWindowPoints;
 }
 
 /// Puts lines under each other. With limits texts are cut at the right one, and lines below the lower one
@@ -164,6 +160,10 @@ ui::Font fontOf(const DiagramModel& model, TextRole role) {
         font.points = std::max(pointsOf(font) * 2 / 3, kSmallestPoints);
     font.bold = font.bold || role == TextRole::Name;
     return font;
+}
+
+std::int32_t pointsOf(const ui::Font& font) noexcept {
+    return font.points > 0 ? font.points : kWindowPoints;
 }
 
 std::u16string shownLine(std::u16string_view text) {

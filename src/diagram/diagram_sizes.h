@@ -44,6 +44,8 @@ struct Shape {
 };
 
 [[nodiscard]] ui::Font fontOf(const DiagramModel& model, TextRole role);
+/// A font's size; of one that has that of the windows, what is usual there.
+[[nodiscard]] std::int32_t pointsOf(const ui::Font& font) noexcept;
 
 /// A box aligned to its text is as large as that needs. Another keeps its size: texts are cut at its edge,
 /// lines that find no room are left out.

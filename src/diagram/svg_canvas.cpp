@@ -18,7 +18,6 @@ using ui::Rect;
 namespace {
 
 constexpr std::int32_t kTwipsPerPoint = 20, kTwipsPerPixel = 15;
-constexpr std::int32_t kWindowPoints = 9;
 /// Where the line lies on which letters stand, in hundredths of a text's height; that of common fonts.
 constexpr std::int32_t kBaseline = 78;
 
@@ -211,7 +210,7 @@ void SvgCanvas::drawText(Point corner, std::u16string_view line, const ui::Font&
     attribute("x", corner.x.value);
     attribute("y", corner.y.value + std::int64_t{size.height.value} * kBaseline / 100);
     attribute("font-family", escaped(families(font)));
-    attribute("font-size", std::int64_t{font.points > 0 ? font.points : kWindowPoints} * kTwipsPerPoint);
+    attribute("font-size", std::int64_t{pointsOf(font)} * kTwipsPerPoint);
     if (font.bold)
         attribute("font-weight", "bold");
     if (size.width.value > 0) {
