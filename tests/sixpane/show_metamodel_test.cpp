@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "diagram/frm_diagram.h"
+#include "repository/repository.h"
+#include "tests/repository/temporary_folder.h"
 #include "tests/sixpane/six_pane_fixture.h"
 #include "tests/support/diagram_double.h"
 
@@ -179,6 +181,31 @@ TEST_F(DrawnMetamodelTest, AMissingPictureIsReportedAndNothingIsShown) {
     EXPECT_NE(world.boxes().back().find(u"\\ReposHeader.wmf"), std::u16string::npos);
 }
 
+TEST_F(DrawnMetamodelTest, AStoredRepositoryIsDrawnWithItsTypes) {
+    const repository::testing::TemporaryFolder folder;
+    const auto native = make<repository::Repository>();
+    native->create(folder.file());
+    const Object stored = native;
+    const Object shelf = stored.call(u"MakeMetaNode", u"Shelf").toObject();
+    shelf.call(u"MakeMetaProperty", u"Length", u"Double");
+    stored.call(u"MakeMetaNode", u"Book");
+    const Object holds = stored.call(u"MakeMetaLink", u"Holds", u"Shelf", u"Book").toObject();
+    holds.call(u"MakeMetaProperty", u"Since", u"Date");
+    world.desktop.expectModal(u"frmDiagram", [&](ui::Form& form) {
+        const auto& drawn = *dynamic_cast<diagram::frmDiagram&>(form).view().model();
+        ASSERT_EQ(drawn.boxes.size(), 2U);
+        ASSERT_EQ(drawn.boxes[0].properties.size(), 1U);
+        EXPECT_EQ(drawn.boxes[0].properties[0].name, u"Length");
+        EXPECT_EQ(drawn.boxes[0].properties[0].type, u"Double");
+        ASSERT_EQ(drawn.connections.size(), 1U);
+        EXPECT_EQ(drawn.connections[0].properties.size(), 1U);
+        EXPECT_LT(drawn.boxes[0].place.bottom(), drawn.boxes[1].place.top);
+        form.hide();
+    });
+    make<ShowMetamodel>(inFolder(world.environment))->Show(stored);
+    world.desktop.verify();
+}
+
 /// Repository and component write into one script, so any call of either may fail.
 bool sweepOnce(int failing) {
     SmallWorld model;
@@ -195,8 +222,7 @@ bool sweepOnce(int failing) {
     EXPECT_EQ(world.boxes().size(), failed ? 1U : 0U) << "call " << failing;
     EXPECT_EQ(count.destroyed, count.made) << "call " << failing;
     EXPECT_EQ(automation::NativeObject::liveCount(), before) << "call " << failing;
-    if (count.made > 0)
-        EXPECT_EQ(model.script->log.back(), u"Destroy()") << "call " << failing;
+    EXPECT_EQ(model.script->log.back(), count.made > 0 ? u"Destroy()" : u"CreateObject") << failing;
     return failed;
 }
 
