@@ -19,6 +19,7 @@ namespace quorel::win32 {
 namespace {
 
 constexpr std::size_t kMostMessageUnits = 4000;
+constexpr std::uint64_t kMoment = 100;  // milliseconds
 
 [[nodiscard]] HWND messageOwner(const ui::Form* owner) noexcept {
     const HWND window = owner != nullptr && owner->isVisible() ? handleOf(*owner) : nullptr;
@@ -125,7 +126,6 @@ ui::Rect WindowsDesktop::workArea() {
 }
 
 ui::Size WindowsDesktop::textSize(std::u16string_view line) {
-    constexpr std::uint64_t kMoment = 100;
     const std::uint64_t now = ::GetTickCount64();
     const std::lock_guard lock(measuring_);
     if (last_.line != line || now - last_.milliseconds > kMoment)
@@ -137,11 +137,23 @@ ui::Size WindowsDesktop::textSize(std::u16string_view line, const ui::Font& font
     return measured(line, font);
 }
 
-ui::Size WindowsDesktop::measured(std::u16string_view line, const ui::Font& wanted) const {
+/// To ask the system for its own font takes longer than to measure a line.
+HFONT WindowsDesktop::measuringFont(std::int32_t dpi, const ui::Font& font) {
+    const std::uint64_t now = ::GetTickCount64();
+    const std::lock_guard lock(choosing_);
+    if (fonts_.dpi != dpi || now - fonts_.milliseconds > kMoment)
+        fonts_ = {{}, dpi, now};
+    for (const auto& [known, handle] : fonts_.known)
+        if (known == font)
+            return handle;
+    return fonts_.known.emplace_back(font, services_->tools.font(dpi, font)).second;
+}
+
+ui::Size WindowsDesktop::measured(std::u16string_view line, const ui::Font& wanted) {
     const NativeScope scope(services_->controls);
     const std::int32_t dpi = primaryDpi();
     const MemoryDc dc(::CreateCompatibleDC(nullptr));
-    const SelectScope font(dc.get(), services_->tools.font(dpi, wanted));
+    const SelectScope font(dc.get(), measuringFont(dpi, wanted));
     const std::u16string shown = ui::shownText(line);
     SIZE size{};
     ::GetTextExtentPoint32W(dc.get(), wide(shown), static_cast<int>(shown.size()), &size);

@@ -9,6 +9,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/ui/cancel_key.h"
 #include "platform/ui/desktop.h"
@@ -57,11 +59,19 @@ class WindowsDesktop : public ui::Desktop, public ui::CancelKey {
         ui::Size size;
         std::uint64_t milliseconds = 0;  ///< when
     };
-    [[nodiscard]] ui::Size measured(std::u16string_view line, const ui::Font& font) const;
+    /// Which fonts the system has for ours; they hold for a moment, too.
+    struct MeasuringFonts {
+        std::vector<std::pair<ui::Font, HFONT>> known;
+        std::int32_t dpi = 0;
+        std::uint64_t milliseconds = 0;
+    };
+    [[nodiscard]] ui::Size measured(std::u16string_view line, const ui::Font& font);
+    [[nodiscard]] HFONT measuringFont(std::int32_t dpi, const ui::Font& font);
 
     std::shared_ptr<Services> services_;
-    std::mutex measuring_;
+    std::mutex measuring_, choosing_;
     MeasuredLine last_;
+    MeasuringFonts fonts_;
 };
 
 }  // namespace quorel::win32
