@@ -1,8 +1,10 @@
 #include "diagram/arrange_for_user.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "diagram/layout/component.h"
@@ -68,15 +70,34 @@ class ProgressWindow {
     std::int32_t told_ = 0;
 };
 
+/// Asks for each line once.
+[[nodiscard]] Measure remembering(const Measure& measure) {
+    struct Known {
+        ui::Font font;
+        std::unordered_map<std::u16string, ui::Size> sizes;
+    };
+    return [measure, fonts = std::make_shared<std::vector<Known>>()](std::u16string_view line,
+                                                                     const ui::Font& font) {
+        const auto at = std::find_if(fonts->begin(), fonts->end(),
+                                     [&font](const Known& known) { return known.font == font; });
+        Known& known = at != fonts->end() ? *at : fonts->emplace_back(Known{font, {}});
+        const auto [entry, isNew] = known.sizes.try_emplace(std::u16string(line));
+        if (isNew)
+            entry->second = measure(line, font);
+        return entry->second;
+    };
+}
+
 }  // namespace
 
 bool arrangeForUser(const frame::Environment& environment, ui::CancelKey* cancelKey, DiagramModel& model,
                     const Measure& measure) {
     const ui::WaitPointer wait(environment.desktop);
     ProgressWindow window(environment, cancelKey, model);
-    if (arrangeDiagram(model, measure, [&window](int permille) { return window.tell(permille); }))
+    const Measure once = remembering(measure);
+    if (arrangeDiagram(model, once, [&window](int permille) { return window.tell(permille); }))
         return true;
-    arrangeInRows(model, measure);
+    arrangeInRows(model, once);
     return false;
 }
 

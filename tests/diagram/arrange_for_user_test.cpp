@@ -1,5 +1,7 @@
 #include "diagram/arrange_for_user.h"
 
+#include <set>
+
 #include "tests/diagram/view_fixture.h"
 
 namespace quorel::diagram {
@@ -25,9 +27,12 @@ class HastyClock final : public shell::Clock {
 struct Arranging : public ::testing::Test {
     void TearDown() override { EXPECT_NO_THROW(desktop.verify()); }
     [[nodiscard]] bool arrange() {
-        return arrangeForUser(environment, &user, *model, [](std::u16string_view line, const ui::Font&) {
-            return ui::Size{100_tw * static_cast<std::int32_t>(line.size()), 200_tw};
-        });
+        return arrangeForUser(
+            environment, &user, *model, [this](std::u16string_view line, const ui::Font& font) {
+                EXPECT_TRUE(
+                    measured.emplace(line, std::pair(font.family, font.points * 2 + font.bold)).second);
+                return ui::Size{100_tw * static_cast<std::int32_t>(line.size()), 200_tw};
+            });
     }
     /// None stands on another, and all lines have two ends.
     void expectSound() {
@@ -50,6 +55,7 @@ struct Arranging : public ::testing::Test {
     shell::MemorySettingsStore settings;
     frame::Environment environment{desktop, classes, clock, settings};
     std::shared_ptr<DiagramModel> model = gridOf(300, 20);
+    std::set<std::pair<std::u16string, std::pair<std::u16string, std::int32_t>>> measured;  ///< no line twice
 };
 
 TEST_F(Arranging, ShowsHowFarItIsAndGoesAway) {
@@ -69,7 +75,10 @@ TEST_F(Arranging, NothingAppearsForAMoment) {
 
 TEST_F(Arranging, EscLeavesTheBoxesInRows) {
     user.patience = 0;
+    for (Box& box : model->boxes)
+        box.alignedToText = true;
     EXPECT_FALSE(arrange());
+    EXPECT_GT(measured.size(), 300U);
     expectSound();
     EXPECT_EQ(desktop.livePeers(), 0U);
     EXPECT_EQ(desktop.pointer(), ui::Pointer::Default);
