@@ -78,6 +78,9 @@ class Marks {
 }  // namespace
 
 void DiagramIndex::measureGrid(const DiagramModel& model) {
+    left_ = top_ = 0, cellWidth_ = cellHeight_ = side_ = 1;
+    if (model.boxes.empty())
+        return;
     Bounds bounds;
     for (const Box& box : model.boxes)
         bounds.add(box.place);
@@ -93,8 +96,6 @@ void DiagramIndex::measureGrid(const DiagramModel& model) {
     top_ = std::min(bounds.top, bounds.bottom);
     cellWidth_ = std::max<std::int64_t>((bounds.right - bounds.left) / side_ + 1, 1);
     cellHeight_ = std::max<std::int64_t>((bounds.bottom - bounds.top) / side_ + 1, 1);
-    if (model.boxes.empty())
-        left_ = top_ = 0, cellWidth_ = cellHeight_ = 1;
 }
 
 void DiagramIndex::build(const DiagramModel& model) {
