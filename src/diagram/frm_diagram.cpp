@@ -50,8 +50,8 @@ constexpr std::array<ButtonTraits, kStandardButtons> kButtons{{
 }
 
 /// Of a diagram, larger than any that is drawn: how wide the panels are.
-constexpr std::u16string_view kWidestCount = u"000000 connections   ";
-constexpr std::u16string_view kWidestScale = u"Scale 400 %   ";
+constexpr std::u16string_view kWidestCount = u"000000 connections     ";
+constexpr std::u16string_view kWidestScale = u"Scale 400 %     ";
 
 }  // namespace
 
