@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quorel::ui {
@@ -19,13 +20,13 @@ constexpr double kFar = 1e9;
            colour.blue;
 }
 
-/// `alpha` of 256 of `over` on `under`.
+/// `alpha` of 256 of `over` on `under`, red and blue in one multiplication.
 [[nodiscard]] constexpr std::uint32_t mixed(std::uint32_t under, std::uint32_t over,
                                             std::uint32_t alpha) noexcept {
-    const std::uint32_t rest = 256 - alpha;
-    const std::uint32_t outer = ((over & 0xFF00FFU) * alpha + (under & 0xFF00FFU) * rest) >> 8 & 0xFF00FFU;
-    const std::uint32_t green = ((over & 0x00FF00U) * alpha + (under & 0x00FF00U) * rest) >> 8 & 0x00FF00U;
-    return outer | green;
+    constexpr std::uint32_t kOuter = 0xFF00FF, kGreen = 0x00FF00;
+    const std::uint32_t outer = (under & kOuter) + (((over & kOuter) - (under & kOuter)) * alpha >> 8);
+    const std::uint32_t green = (under & kGreen) + (((over & kGreen) - (under & kGreen)) * alpha >> 8);
+    return (outer & kOuter) | (green & kGreen);
 }
 
 [[nodiscard]] PixelRect cut(const PixelRect& a, const PixelRect& b) noexcept {
@@ -139,6 +140,56 @@ void drawSlanted(const PixelSurface& surface, const PixelRect& inside, RasterPoi
     }
 }
 
+/// Of a line that is one pixel wide: along its longer side, two pixels a step, in steps of 1/65,536 pixel.
+class ThinLine {
+  public:
+    ThinLine(const PixelSurface& surface, const PixelRect& inside, std::uint32_t colour) noexcept
+        : surface_(surface), inside_(inside), colour_(colour) {}
+
+    void draw(RasterPoint from, RasterPoint to) noexcept {
+        const bool flat = std::abs(to.x - from.x) >= std::abs(to.y - from.y);
+        if (flat)
+            walk<true>(from, to);
+        else
+            walk<false>({from.y, from.x}, {to.y, to.x});
+    }
+
+  private:
+    static constexpr double kOne = 65536;
+
+    /// `x` is along, `y` across.
+    template <bool kFlat>
+    void walk(RasterPoint from, RasterPoint to) noexcept {
+        if (from.x > to.x)
+            std::swap(from, to);
+        const double slope = (to.y - from.y) / (to.x - from.x);
+        const auto boost = static_cast<std::uint32_t>(256 * std::sqrt(1 + slope * slope));
+        const std::int32_t first = std::max(kFlat ? inside_.left : inside_.top, below(from.x));
+        const std::int32_t end = std::min(kFlat ? inside_.right : inside_.bottom, below(to.x) + 1);
+        auto across = static_cast<std::int64_t>((from.y + (first + 0.5 - from.x) * slope - 0.5) * kOne);
+        const auto step = static_cast<std::int64_t>(slope * kOne);
+        const std::int32_t least = kFlat ? inside_.top : inside_.left;
+        const std::int32_t most = kFlat ? inside_.bottom : inside_.right;
+        for (std::int32_t along = first; along < end; ++along, across += step) {
+            const auto lower = static_cast<std::int32_t>(across >> 16);
+            const auto share = static_cast<std::uint32_t>(across >> 8) & 0xFFU;
+            if (lower >= least && lower < most)
+                touch<kFlat>(along, lower, (256 - share) * boost >> 8);
+            if (lower + 1 >= least && lower + 1 < most)
+                touch<kFlat>(along, lower + 1, share * boost >> 8);
+        }
+    }
+    template <bool kFlat>
+    void touch(std::int32_t along, std::int32_t across, std::uint32_t alpha) noexcept {
+        std::uint32_t& pixel = rowOf(surface_, kFlat ? across : along)[kFlat ? along : across];
+        pixel = mixed(pixel, colour_, std::min(256U, alpha));
+    }
+
+    const PixelSurface& surface_;
+    const PixelRect& inside_;
+    std::uint32_t colour_;
+};
+
 /// One row's share of a polygon: adds how much of each pixel lies between two places.
 void addSpan(std::vector<float>& row, const PixelRect& inside, double from, double to) {
     from = std::clamp<double>(from, inside.left, inside.right) - inside.left;
@@ -188,6 +239,8 @@ void drawStroke(const PixelSurface& surface, const PixelRect& clip, RasterPoint 
     const RasterPoint begin = along(from, to, part->from), end = along(from, to, part->to);
     if (std::abs(from.x - to.x) < 0.01 || std::abs(from.y - to.y) < 0.01)
         fillArea(surface, inside, straight(begin, end, used), colour);
+    else if (used <= 1)
+        ThinLine(surface, inside, packed(colour)).draw(begin, end);
     else
         drawSlanted(surface, inside, begin, end, used, packed(colour));
 }
@@ -226,8 +279,8 @@ void fillPolygon(const PixelSurface& surface, const PixelRect& clip, std::span<c
         least = {std::min(least.x, point.x), std::min(least.y, point.y)};
         most = {std::max(most.x, point.x), std::max(most.y, point.y)};
     }
-    const PixelRect inside = insideOf(
-        surface, cut(clip, {below(least.x), below(least.y), below(most.x) + 1, below(most.y) + 1}));
+    const PixelRect inside =
+        insideOf(surface, cut(clip, {below(least.x), below(least.y), below(most.x) + 1, below(most.y) + 1}));
     if (isEmpty(inside))
         return;
     std::vector<float> row(static_cast<std::size_t>(inside.right - inside.left));

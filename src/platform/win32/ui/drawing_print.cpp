@@ -15,12 +15,16 @@
 #include "platform/win32/ui/services.h"
 #include "platform/win32/ui/system_headers.h"
 #include "platform/win32/ui/windows_drawing_export.h"
+// The system's, behind those that it needs.
+#include <cderr.h>
 
 namespace quorel::win32 {
 
 namespace {
 
 constexpr std::size_t kMostTitleUnits = 200;
+/// The platform's number of errors of printers.
+constexpr std::int32_t kPrinterError = 482;
 
 inline void freeGlobal(HGLOBAL memory) noexcept {
     ::GlobalFree(memory);
@@ -37,13 +41,17 @@ struct Printer {
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof(dialog);
     dialog.hwndOwner = owner;
-    dialog.Flags =
-        PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE;
+    dialog.Flags = PD_RETURNDC | PD_NOWARNING | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE |
+                   PD_USEDEVMODECOPIESANDCOLLATE;
     dialog.nCopies = 1;
     const ModalLock lock(owner);
     const bool chosen = ::PrintDlgW(&dialog) != FALSE;
     Printer printer{GlobalMemory(dialog.hDevMode), GlobalMemory(dialog.hDevNames), MemoryDc(dialog.hDC)};
-    if (const DWORD failure = chosen ? 0 : ::CommDlgExtendedError())
+    const DWORD failure = chosen ? 0 : ::CommDlgExtendedError();
+    if (failure == PDERR_NODEFAULTPRN || failure == PDERR_NODEVICES)
+        throw automation::Error(kPrinterError, u"There is no printer to print the drawing with",
+                                u"Drawing export");
+    if (failure != 0)
         throw errorFromStatus(static_cast<HRESULT>(0x80070000U | (failure & 0xFFFFU)), u"Print dialog");
     if (!chosen)
         printer.device.reset();
@@ -66,8 +74,7 @@ void checkPrinting(int result, std::u16string_view title) {
         return;
     std::u16string description = u"The drawing cannot be printed: ";
     description += title;
-    throw automation::Error(automation::error_number::kPathFileAccess, std::move(description),
-                            u"Drawing export");
+    throw automation::Error(kPrinterError, std::move(description), u"Drawing export");
 }
 
 }  // namespace

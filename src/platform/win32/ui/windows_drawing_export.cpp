@@ -163,7 +163,7 @@ class MetafileRecording {
 }
 
 [[nodiscard]] std::int32_t pixelsOf(ui::Twips length, double dpi, std::int32_t most) {
-    const double pixels = std::ceil(length.value * dpi / ui::kTwipsPerInch - 0.01);
+    const double pixels = std::round(length.value * dpi / ui::kTwipsPerInch);
     return static_cast<std::int32_t>(std::clamp(pixels, 1.0, static_cast<double>(most)));
 }
 
