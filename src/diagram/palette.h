@@ -25,9 +25,9 @@ inline constexpr ui::Colour kNeighbour{0x6C, 0x96, 0xD8};
 
 inline constexpr ui::Twips kBorderWidth{15}, kLineWidth{15}, kAccentWidth{30}, kHairLine{0};
 
-/// What is not looked at: seven tenths of the way to the paper.
+/// What is not looked at: half way to the paper, so that it can still be read.
 [[nodiscard]] constexpr ui::Colour paler(ui::Colour colour, ui::Colour paper) noexcept {
-    const auto mixed = [](int a, int b) { return static_cast<std::uint8_t>((3 * a + 7 * b) / 10); };
+    const auto mixed = [](int a, int b) { return static_cast<std::uint8_t>((a + b) / 2); };
     return {mixed(colour.red, paper.red), mixed(colour.green, paper.green), mixed(colour.blue, paper.blue)};
 }
 
