@@ -149,16 +149,24 @@ class ThinLine {
     void draw(RasterPoint from, RasterPoint to) noexcept {
         const bool flat = std::abs(to.x - from.x) >= std::abs(to.y - from.y);
         if (flat)
-            walk<true>(from, to);
+            walk<true, true>(from, to);
         else
-            walk<false>({from.y, from.x}, {to.y, to.x});
+            walk<false, true>({from.y, from.x}, {to.y, to.x});
+    }
+    /// One pixel a step.
+    void drawCoarse(RasterPoint from, RasterPoint to) noexcept {
+        const bool flat = std::abs(to.x - from.x) >= std::abs(to.y - from.y);
+        if (flat)
+            walk<true, false>(from, to);
+        else
+            walk<false, false>({from.y, from.x}, {to.y, to.x});
     }
 
   private:
     static constexpr double kOne = 65536;
 
     /// `x` is along, `y` across.
-    template <bool kFlat>
+    template <bool kFlat, bool kSmooth>
     void walk(RasterPoint from, RasterPoint to) noexcept {
         if (from.x > to.x)
             std::swap(from, to);
@@ -166,12 +174,18 @@ class ThinLine {
         const auto boost = static_cast<std::uint32_t>(256 * std::sqrt(1 + slope * slope));
         const std::int32_t first = std::max(kFlat ? inside_.left : inside_.top, below(from.x));
         const std::int32_t end = std::min(kFlat ? inside_.right : inside_.bottom, below(to.x) + 1);
-        auto across = static_cast<std::int64_t>((from.y + (first + 0.5 - from.x) * slope - 0.5) * kOne);
+        auto across =
+            static_cast<std::int64_t>((from.y + (first + 0.5 - from.x) * slope - (kSmooth ? 0.5 : 0)) * kOne);
         const auto step = static_cast<std::int64_t>(slope * kOne);
         const std::int32_t least = kFlat ? inside_.top : inside_.left;
         const std::int32_t most = kFlat ? inside_.bottom : inside_.right;
         for (std::int32_t along = first; along < end; ++along, across += step) {
             const auto lower = static_cast<std::int32_t>(across >> 16);
+            if constexpr (!kSmooth) {
+                if (lower >= least && lower < most)
+                    pixelAt<kFlat>(along, lower) = colour_;
+                continue;
+            }
             const auto share = static_cast<std::uint32_t>(across >> 8) & 0xFFU;
             if (lower >= least && lower < most)
                 touch<kFlat>(along, lower, (256 - share) * boost >> 8);
@@ -180,8 +194,12 @@ class ThinLine {
         }
     }
     template <bool kFlat>
-    void touch(std::int32_t along, std::int32_t across, std::uint32_t alpha) noexcept {
-        std::uint32_t& pixel = rowOf(surface_, kFlat ? across : along)[kFlat ? along : across];
+    [[nodiscard]] std::uint32_t& pixelAt(std::int32_t along, std::int32_t across) const noexcept {
+        return rowOf(surface_, kFlat ? across : along)[kFlat ? along : across];
+    }
+    template <bool kFlat>
+    void touch(std::int32_t along, std::int32_t across, std::uint32_t alpha) const noexcept {
+        std::uint32_t& pixel = pixelAt<kFlat>(along, across);
         pixel = mixed(pixel, colour_, std::min(256U, alpha));
     }
 
@@ -267,6 +285,18 @@ void drawStrokes(const PixelSurface& surface, const PixelRect& clip, std::span<c
             }
         }
         before += length;
+    }
+}
+
+void drawCoarseStrokes(const PixelSurface& surface, const PixelRect& clip,
+                       std::span<const RasterPoint> points, Colour colour) {
+    const PixelRect inside = insideOf(surface, clip);
+    for (std::size_t i = 0; i + 1 < points.size() && !isEmpty(inside); ++i) {
+        const RasterPoint from = points[i], to = points[i + 1];
+        const auto part = seenPart(inside, from, to, 1);
+        if (part && (from.x != to.x || from.y != to.y))
+            ThinLine(surface, inside, packed(colour))
+                .drawCoarse(along(from, to, part->from), along(from, to, part->to));
     }
 }
 

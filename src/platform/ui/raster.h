@@ -32,6 +32,10 @@ void drawStroke(const PixelSurface& surface, const PixelRect& clip, RasterPoint 
 void drawStrokes(const PixelSurface& surface, const PixelRect& clip, std::span<const RasterPoint> points,
                  double width, bool dashed, Colour colour);
 
+/// The same one pixel wide and not smooth, for where there are very many of them.
+void drawCoarseStrokes(const PixelSurface& surface, const PixelRect& clip,
+                       std::span<const RasterPoint> points, Colour colour);
+
 /// Closes itself; where it overlaps itself an even number of times it is open.
 void fillPolygon(const PixelSurface& surface, const PixelRect& clip, std::span<const RasterPoint> points,
                  Colour colour);

@@ -98,6 +98,16 @@ TEST(Raster, ASlantedStrokeIsSmoothAndAsWideAsItIsToBe) {
     }
 }
 
+TEST(Raster, ACoarseStrokeIsOnePixelAStepFromEndToEnd) {
+    Sheet sheet;
+    const std::array<RasterPoint, 3> line = {{{3.5, 4.5}, {27.5, 13.5}, {20.5, 29.5}}};
+    drawCoarseStrokes(sheet.surface, Sheet::kAll, line, kBlack);
+    EXPECT_EQ(sheet.ink(3, 4), 255);
+    EXPECT_EQ(sheet.ink(27, 13), 255);
+    EXPECT_EQ(sheet.ink(20, 29), 255);
+    EXPECT_DOUBLE_EQ(sheet.allInk(), 25 + 16);
+}
+
 TEST(Raster, AStrokeThatIsFarOutsideCostsNothingAndDrawsNothing) {
     Sheet sheet;
     for (int i = 0; i < 100'000; ++i)
@@ -149,6 +159,7 @@ TEST(Raster, NothingOutsideTheClipIsTouchedWhateverIsDrawn) {
                                                     {place(random), place(random)},
                                                     {place(random), place(random)}}};
         drawStrokes(sheet.surface, clip, points, width(random), round % 2 == 0, kBlack);
+        drawCoarseStrokes(sheet.surface, clip, points, kBlack);
         fillPolygon(sheet.surface, clip, points, kBlack);
         ASSERT_TRUE(sheet.isWhiteOutside(clip)) << round;
     }
