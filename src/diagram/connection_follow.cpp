@@ -14,6 +14,9 @@ using ui::operator|;
 using ui::Point;
 using ui::Rect;
 
+/// How far a label stands from its line.
+constexpr ui::Twips kBesideLine{90};
+
 /// A place or a way, where parts of a twip count.
 struct Vector {
     double x = 0, y = 0;
@@ -169,6 +172,30 @@ struct Anchor {
     return {label.left + by.x, label.top + by.y, label.width, label.height};
 }
 
+[[nodiscard]] bool overlap(const Rect& a, const Rect& b) noexcept {
+    const Rect both = ui::intersection(a, b);
+    return both.width.value > 0 && both.height.value > 0;
+}
+
+/// A label that the box would hide goes beside the middle of the longest part of the line at which it is in
+/// the open; where there is none it stays.
+[[nodiscard]] Rect outOfTheWay(const Rect& label, const Rect& box, const std::vector<Point>& line) {
+    if (!overlap(label, box))
+        return label;
+    Rect best = label;
+    double longest = -1;
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        const Point middle = rounded(between(vector(line[i - 1]), vector(line[i]), 0.5));
+        const Rect beside{middle.x + kBesideLine, middle.y - label.height / 2, label.width, label.height};
+        const double length = lengthOf(line[i - 1], line[i]);
+        if (length > longest && !overlap(beside, box)) {
+            best = beside;
+            longest = length;
+        }
+    }
+    return best;
+}
+
 }  // namespace
 
 Followed follow(const Connection& before, Ends ends, const Rect& box, Point by) {
@@ -184,7 +211,7 @@ Followed follow(const Connection& before, Ends ends, const Rect& box, Point by) 
     if (ends == Ends::From)
         std::reverse(line.begin(), line.end());
     Followed result{followAtEnd(line, box, by), {}};
-    result.label = followLabel(before.label, line, result.line);
+    result.label = outOfTheWay(followLabel(before.label, line, result.line), box, result.line);
     if (ends == Ends::From)
         std::reverse(result.line.begin(), result.line.end());
     return result;

@@ -108,6 +108,16 @@ TEST(Follow, ALabelStaysBesideItsPartOfTheLine) {
               (Rect{1800_tw, 2350_tw, 800_tw, 300_tw}));
 }
 
+TEST(Follow, ALabelThatTheBoxWouldHideGoesElsewhere) {
+    Connection connection = stepped();
+    connection.label = {2100_tw, 2350_tw, 800_tw, 300_tw};
+    const Point by{0_tw, 700_tw};
+    const Rect box = moved(kBox, by);
+    const Rect label = follow(connection, Ends::From, box, by).label;
+    EXPECT_EQ(label.size(), connection.label.size());
+    EXPECT_EQ(ui::intersection(label, box).height, 0_tw);
+}
+
 TEST(Follow, NoLabelStaysNone) {
     EXPECT_EQ(follow(stepped(), Ends::From, moved(kBox, {500_tw, 0_tw}), {500_tw, 0_tw}).label, Rect{});
 }
