@@ -42,6 +42,11 @@ TEST(BoxBeside, PrefersTheNextRowToOneStraightBelowThatIsFar) {
     EXPECT_EQ(boxBeside(boxes, 0, Direction::Down), 1U);
 }
 
+TEST(BoxBeside, PrefersOneStraightAheadToOneThatIsNearerButAside) {
+    const std::vector<Box> boxes{boxAt(0, 0), boxAt(1600, 1000), boxAt(0, 2500)};
+    EXPECT_EQ(boxBeside(boxes, 0, Direction::Down), 2U);
+}
+
 TEST(BoxBeside, OfTwoAsNearIsTheStraighterThenTheFirst) {
     const std::vector<Box> boxes{boxAt(0, 0), boxAt(900, 1000), boxAt(100, 1000), boxAt(-100, 1000)};
     EXPECT_EQ(boxBeside(boxes, 0, Direction::Down), 2U);

@@ -69,6 +69,14 @@ TEST(Follow, ALineDoesNotRunThroughItsOwnBox) {
     EXPECT_EQ(now.line, (std::vector<Point>{{3000_tw, 5000_tw}, {5000_tw, 6000_tw}}));
 }
 
+TEST(Follow, AStraightLineLeavesAtTheSideThatFacesTheOtherEnd) {
+    Connection connection;
+    connection.line = {{2000_tw, 2000_tw}, {2000_tw, 6000_tw}};
+    const Point by{0_tw, 6000_tw};
+    const Followed now = follow(connection, Ends::From, moved(kBox, by), by);
+    EXPECT_EQ(now.line, (std::vector<Point>{{2000_tw, 7000_tw}, {2000_tw, 6000_tw}}));
+}
+
 TEST(Follow, ALineEndsWhereItMeetsTheBoxOnItsWay) {
     // The box stands on the middle part of the line now.
     const Rect box{4500_tw, 4500_tw, 2000_tw, 1000_tw};

@@ -81,7 +81,7 @@ TEST_F(View, OpensOfWhatIsTooLargeTheBoxWithTheMostConnections) {
     // Asked for, all of it is shown and kept in sight.
     press(ui::key('F'));
     EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
-    view_.setBounds({0_tw, 0_tw, 7000_tw, 5000_tw});
+    view_.setBounds({0_tw, 0_tw, 3000_tw, 5000_tw});
     EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
 }
 
@@ -256,6 +256,14 @@ TEST_F(View, ArrowsGoFromBoxToBoxAndBringThemIntoView) {
     EXPECT_TRUE(seen().seen().left <= model_->boxes[0].place.left);
     press(Key::End);
     EXPECT_EQ(view_.selected(), 99U);
+}
+
+TEST_F(View, AKeyTakesTheEyeFromTheMouse) {
+    goClose();
+    user_.moveMouse(area(), kCentre);
+    ASSERT_EQ(view_.hovered(), 44U);
+    press(Key::Home);
+    EXPECT_EQ(view_.hovered(), std::nullopt);
 }
 
 TEST_F(View, EnterBringsTheChosenBoxIntoTheMiddle) {

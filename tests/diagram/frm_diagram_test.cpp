@@ -453,6 +453,7 @@ TEST_F(Window, CancelledPrintingSaysNothing) {
 TEST_F(Window, MayBeEndedWhileTheFileDialogIsOpen) {
     open();
     files_.answer = inFolder("never.svg");
+    std::filesystem::remove(*files_.answer);
     files_.meanwhile = [this] {
         form_->unload();
         form_->Destroy();
