@@ -7,12 +7,19 @@
 
 namespace quorel::win32 {
 
+using automation::AdoptedText;
 using automation::Argument;
 using automation::Value;
 
 namespace {
 
 constexpr DISPID kMostArguments = 0x1000;
+
+/// A text that the caller keeps for the time of the call. Whoever keeps the value copies it, and copies have
+/// buffers of their own.
+Value borrowed(BSTR text) noexcept {
+    return AdoptedText(reinterpret_cast<char16_t*>(text), ::SysStringLen(text), [](char16_t*) noexcept {});
+}
 
 }  // namespace
 
@@ -38,7 +45,8 @@ HostCall::HostCall(const DISPPARAMS& parameters) {
 
 void HostCall::place(std::size_t position, const VARIANT& given) {
     if ((V_VT(&given) & VT_BYREF) == 0) {
-        arguments_[position] = Argument(fromVariant(given));
+        arguments_[position] =
+            Argument(V_VT(&given) == VT_BSTR ? borrowed(V_BSTR(&given)) : fromVariant(given));
         return;
     }
     Variable& variable = variables_.emplace_back();

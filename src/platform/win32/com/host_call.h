@@ -3,6 +3,9 @@
 #include <oaidl.h>
 #include <windows.h>
 
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <span>
 #include <vector>
 
@@ -35,8 +38,12 @@ class HostCall {
 
     void place(std::size_t position, const VARIANT& given);
 
-    std::vector<automation::Argument> arguments_;
-    std::vector<Variable> variables_;
+    static constexpr std::size_t kInPlace = 10;  // arguments that need no memory of their own
+
+    std::array<std::byte, kInPlace*(sizeof(automation::Argument) + sizeof(Variable))> room_;
+    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
+    std::pmr::vector<automation::Argument> arguments_{&memory_};
+    std::pmr::vector<Variable> variables_{&memory_};
 };
 
 }  // namespace quorel::win32

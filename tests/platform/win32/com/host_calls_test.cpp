@@ -94,6 +94,19 @@ TEST_F(HostCalls, LeftOutArgumentsTakeTheirDefaults) {
     EXPECT_EQ(resultText(), u"a,7,object");
 }
 
+TEST_F(HostCalls, ATextThatIsKeptOutlivesTheCallersOwn) {
+    const VARIANT given = text(u"longer than a few letters");
+    EXPECT_EQ(invoke(L"Keep", kCall, {given}), S_OK);
+    std::fill_n(V_BSTR(&given), ::SysStringLen(V_BSTR(&given)), L'#');
+    strings.clear();
+    EXPECT_EQ(thing->kept.text(), u"longer than a few letters");
+    EXPECT_EQ(invoke(L"Keep", kCall, {}), S_OK);
+    EXPECT_EQ(thing->kept.text(), u"");
+    EXPECT_EQ(invoke(L"Echo", kCall, {text(u"echo")}), S_OK);
+    strings.clear();
+    EXPECT_EQ(resultText(), u"echo");
+}
+
 TEST_F(HostCalls, NamedArgumentsFindTheirPlaces) {
     wchar_t method[] = L"Describe";
     wchar_t third[] = L"THIRD";

@@ -70,7 +70,8 @@ const ClassTable& NativeThing::classTable() const {
                     {param(u"text"), param(u"object"), param(u"number"), param(u"flag")})
             .method(u"Echo", &NativeThing::echo, {param(u"value")})
             .method(u"Fail", &NativeThing::fail, {param(u"number")})
-            .method(u"BreakDown", &NativeThing::breakDown);
+            .method(u"BreakDown", &NativeThing::breakDown)
+            .method(u"Keep", &NativeThing::keep, {param(u"value", u"")});
     return table;
 }
 

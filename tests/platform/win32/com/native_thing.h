@@ -33,6 +33,7 @@ class NativeThing final : public automation::NativeObject {
 
     std::u16string title;
     automation::Object partner;
+    automation::Value kept;
 
     [[nodiscard]] std::u16string getTitle() const { return title; }
     void setTitle(const std::u16string& text) { title = text; }
@@ -45,6 +46,7 @@ class NativeThing final : public automation::NativeObject {
     void look(std::u16string& text, automation::Object& object, std::int32_t& number, bool& flag) const;
     void change(std::u16string& text, automation::Object& object, std::int32_t& number, bool& flag);
     automation::Value echo(const automation::Value& value) const { return value; }
+    void keep(const automation::Value& value) { kept = value; }
     void fail(std::int32_t number) const;
     void breakDown() const;
 };
