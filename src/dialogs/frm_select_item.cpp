@@ -128,19 +128,19 @@ void frmSelectItem::AddColumn(std::u16string_view name, std::int32_t width) {
     ++columns_;
 }
 
-Ref<SelectableItem> frmSelectItem::nextItem(const std::u16string& text, const Object& object) {
-    auto item = automation::make<SelectableItem>(counter_, text, object);
+Ref<SelectableItem> frmSelectItem::nextItem(std::u16string text, const Object& object) {
+    auto item = automation::make<SelectableItem>(counter_, std::move(text), object);
     if (__builtin_add_overflow(counter_, 1, &counter_))
         throw automation::Error(automation::error_number::kOverflow);
     return item;
 }
 
-void frmSelectItem::AddItem(const std::u16string& text, const Object& object) {
-    shownList().addObject(nextItem(text, object));
+void frmSelectItem::AddItem(std::u16string text, const Object& object) {
+    shownList().addObject(nextItem(std::move(text), object));
 }
 
-void frmSelectItem::AddItem(const std::u16string& text, const Object& object, SelectableItem::Texts texts) {
-    const Ref<SelectableItem> item = nextItem(text, object);
+void frmSelectItem::AddItem(std::u16string text, const Object& object, SelectableItem::Texts&& texts) {
+    const Ref<SelectableItem> item = nextItem(std::move(text), object);
     if (asListView_)
         item->setTexts(std::move(texts));
     shownList().addObject(item);

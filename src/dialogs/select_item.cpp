@@ -1,5 +1,7 @@
 #include "dialogs/select_item.h"
 
+#include <utility>
+
 namespace quorel::dialogs {
 
 const automation::ClassTable& SelectItem::classTable() const {
@@ -23,16 +25,17 @@ const automation::ClassTable& SelectItem::classTable() const {
     return table;
 }
 
-void SelectItem::AddItem(const std::u16string& str, const automation::Object& ob, const std::u16string& prop1,
-                         const std::u16string& prop2, const std::u16string& prop3,
-                         const std::u16string& prop4, const std::u16string& prop5,
-                         const std::u16string& prop6, const std::u16string& prop7) {
+void SelectItem::AddItem(std::u16string str, const automation::Object& ob, std::u16string prop1,
+                         std::u16string prop2, std::u16string prop3, std::u16string prop4,
+                         std::u16string prop5, std::u16string prop6, std::u16string prop7) {
     const std::size_t length = prop1.size() + prop2.size() + prop3.size() + prop4.size() + prop5.size() +
                                prop6.size() + prop7.size();
     if (length == 0)
-        form()->AddItem(str, ob);
+        form()->AddItem(std::move(str), ob);
     else
-        form()->AddItem(str, ob, {prop1, prop2, prop3, prop4, prop5, prop6, prop7});
+        form()->AddItem(std::move(str), ob,
+                        {std::move(prop1), std::move(prop2), std::move(prop3), std::move(prop4),
+                         std::move(prop5), std::move(prop6), std::move(prop7)});
 }
 
 }  // namespace quorel::dialogs

@@ -24,9 +24,9 @@ class SelectItem final : public frame::WindowClass<frmSelectItem> {
     [[nodiscard]] bool IsOk() const { return form()->IsOk(); }
     void AsListView(bool checkboxes) { form()->AsListView(checkboxes); }
     void AddColumn(const std::u16string& name, std::int32_t width) { form()->AddColumn(name, width); }
-    void AddItem(const std::u16string& str, const automation::Object& ob, const std::u16string& prop1,
-                 const std::u16string& prop2, const std::u16string& prop3, const std::u16string& prop4,
-                 const std::u16string& prop5, const std::u16string& prop6, const std::u16string& prop7);
+    void AddItem(std::u16string str, const automation::Object& ob, std::u16string prop1, std::u16string prop2,
+                 std::u16string prop3, std::u16string prop4, std::u16string prop5, std::u16string prop6,
+                 std::u16string prop7);
 };
 
 }  // namespace quorel::dialogs

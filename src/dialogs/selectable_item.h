@@ -28,7 +28,7 @@ class SelectableItem final : public automation::NativeObject {
     [[nodiscard]] const std::u16string& name() const noexcept { return text_; }
     /// Empty for a column without a text.
     [[nodiscard]] std::u16string property(const std::u16string& column) const;
-    void setTexts(Texts texts) { texts_ = std::make_unique<Texts>(std::move(texts)); }
+    void setTexts(Texts&& texts) { texts_ = std::make_unique<Texts>(std::move(texts)); }
     /// What the host has put behind it; may be empty.
     [[nodiscard]] const automation::Object& object() const noexcept { return object_; }
     [[nodiscard]] bool isChecked() const noexcept { return checked_; }
