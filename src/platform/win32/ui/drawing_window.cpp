@@ -11,6 +11,8 @@ namespace {
 
 using ui::MouseButton;
 
+constexpr double kMostSmoothPixels = 500'000;
+
 [[nodiscard]] ui::Modifiers modifiersOf(WPARAM keys) noexcept {
     ui::Modifiers modifiers = ui::Modifiers::None;
     if ((keys & MK_SHIFT) != 0)
@@ -191,7 +193,7 @@ std::shared_ptr<const DrawingSurface> DrawingWindow::draw(const RECT& dirty) {
     const std::optional<ui::Colour> colour = background();
     ui::fillArea(surface->pixels(), bounds, bounds, colour ? *colour : toColour(::GetSysColor(COLOR_WINDOW)));
     SurfaceCanvas canvas(*surface, tools_, ui::CanvasMapping(static_cast<double>(dpi()) / ui::kTwipsPerInch),
-                         bounds);
+                         bounds, kMostSmoothPixels);
     const ui::Point from = pointAt({dirty.left, dirty.top}), to = pointAt({dirty.right, dirty.bottom});
     area().userPaints(canvas, {from.x, from.y, to.x - from.x, to.y - from.y});
     ::GdiFlush();

@@ -1,6 +1,8 @@
 #include "platform/win32/ui/surface_canvas.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <utility>
 
 #include "platform/automation/error.h"
@@ -59,7 +61,18 @@ void SurfaceCanvas::drawRectangle(const ui::Rect& place, const ui::Pen& pen) {
 
 void SurfaceCanvas::drawLines(std::span<const ui::Point> points, const ui::Pen& pen) {
     map(points);
-    ui::drawStrokes(settled(), clip_, mapped_, widthOf(pen), pen.dashed, pen.colour);
+    if (pen.width.value > 0 || pen.dashed || areStillSmooth())
+        ui::drawStrokes(settled(), clip_, mapped_, widthOf(pen), pen.dashed, pen.colour);
+    else
+        ui::drawCoarseStrokes(settled(), clip_, mapped_, pen.colour);
+}
+
+bool SurfaceCanvas::areStillSmooth() {
+    const double most = clip_.right - clip_.left + clip_.bottom - clip_.top;
+    for (std::size_t i = 0; i + 1 < mapped_.size() && smoothPixels_ >= 0; ++i)
+        smoothPixels_ -= std::min(most, std::max(std::abs(mapped_[i + 1].x - mapped_[i].x),
+                                                 std::abs(mapped_[i + 1].y - mapped_[i].y)));
+    return smoothPixels_ >= 0;
 }
 
 void SurfaceCanvas::drawPolygon(std::span<const ui::Point> points, ui::Colour fill, const ui::Pen& outline) {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -35,10 +36,18 @@ class DrawingSurface {
 /// Draws on pixels: shapes by ourselves, smoothly; texts by the system.
 class SurfaceCanvas final : public ui::Canvas {
   public:
-    /// Begins with the view of the canvas at its own size. Nothing outside of `bounds` is touched.
+    /// Begins with the view of the canvas at its own size. Nothing outside of `bounds` is touched. Thinnest
+    /// lines are smooth until so many pixels of them are drawn: thousands of them all over the place cannot
+    /// be told apart anyway.
     SurfaceCanvas(DrawingSurface& surface, CanvasTools& tools, const ui::CanvasMapping& mapping,
-                  const ui::PixelRect& bounds)
-        : surface_(surface), tools_(tools), mapping_(mapping), bounds_(bounds), clip_(bounds) {}
+                  const ui::PixelRect& bounds,
+                  double mostSmoothPixels = std::numeric_limits<double>::infinity())
+        : surface_(surface),
+          tools_(tools),
+          mapping_(mapping),
+          bounds_(bounds),
+          clip_(bounds),
+          smoothPixels_(mostSmoothPixels) {}
 
     void setView(const ui::CanvasView& view) override;
     void fillRectangle(const ui::Rect& place, ui::Colour colour) override;
@@ -55,12 +64,15 @@ class SurfaceCanvas final : public ui::Canvas {
     [[nodiscard]] double widthOf(const ui::Pen& pen) const noexcept {
         return pen.width.value * mapping_.scale();
     }
+    /// Of the lines that were mapped.
+    [[nodiscard]] bool areStillSmooth();
     void map(std::span<const ui::Point> points);
 
     DrawingSurface& surface_;
     CanvasTools& tools_;
     ui::CanvasMapping mapping_;
     ui::PixelRect bounds_, clip_;
+    double smoothPixels_;  ///< still to be had
     bool systemDraws_ = false;
     std::vector<ui::RasterPoint> mapped_;
 };
