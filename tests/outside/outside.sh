@@ -75,6 +75,7 @@ outside_in_display() {
     options_tests
     selection_tests
     hierarchy_tests
+    diagram_tests
     # The last to come: it changes what the library holds.
     explorer_tests
 }

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
+// Complete only behind the system's.
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,6 +15,7 @@
 #include <vector>
 
 #include "hosts/spy/list_reader.h"
+#include "hosts/spy/remote_memory.h"
 #include "hosts/spy/tab_reader.h"
 #include "hosts/spy/tree_reader.h"
 #include "hosts/spy/windows_tree.h"
@@ -35,6 +38,7 @@ const wchar_t* const kUsage =
     L"selected\n"
     L"  items CONTROL [MOST]      the items that a tree shows, at most MOST: - open, + closed, * selected\n"
     L"  tabs CONTROL              a strip's tabs; * marks the selected\n"
+    L"  panels CONTROL            the texts of a status line's panels\n"
     L"  where                     the form's middle, in screen pixels: x y\n"
     L"  where CONTROL             the control's middle\n"
     L"  where CONTROL ROW         the middle of the row in view whose first cell is ROW\n"
@@ -125,6 +129,21 @@ int printTabs(HWND control) {
     return 0;
 }
 
+int printPanels(HWND control) {
+    constexpr std::size_t kLongestText = 1024;
+    const RemoteMemory memory(control, kLongestText * sizeof(wchar_t));
+    const LRESULT count = SendMessageW(control, SB_GETPARTS, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const LRESULT length = LOWORD(SendMessageW(control, SB_GETTEXTLENGTHW, static_cast<WPARAM>(i), 0));
+        if (length >= static_cast<LRESULT>(kLongestText))
+            return 1;
+        SendMessageW(control, SB_GETTEXTW, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(memory.address()));
+        print(memory.text(0, kLongestText) + L"\n");
+    }
+    return 0;
+}
+
 std::optional<POINT> placeInTree(HWND window, const std::wstring& path, bool button) {
     const TreeReader tree(window);
     const std::optional<TreeLine> line = tree.find(path);
@@ -196,6 +215,8 @@ int run(const std::wstring& formName, const std::wstring& command, const std::ve
         return printItems(control, words);
     if (command == L"tabs" && !words.empty())
         return printTabs(control);
+    if (command == L"panels" && !words.empty())
+        return printPanels(control);
     throw std::invalid_argument("unknown command");
 }
 
