@@ -128,6 +128,7 @@ demo_in_virtual_display() {
     demo_explorer
     demo_ht_explorer
     demo_selection
+    demo_diagram
 }
 
 run_demo() {
