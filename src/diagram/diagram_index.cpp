@@ -90,12 +90,14 @@ void DiagramIndex::measureGrid(const DiagramModel& model) {
         if (connection.label.width.value > 0)
             bounds.add(connection.label);
     }
+    if (model.boxes.empty())
+        bounds.add(Point{});
     const double things = static_cast<double>(model.boxes.size() + model.connections.size());
     side_ = std::clamp(static_cast<std::int32_t>(std::sqrt(things)), 1, kMostCellsASide);
-    left_ = std::min(bounds.left, bounds.right);
-    top_ = std::min(bounds.top, bounds.bottom);
-    cellWidth_ = std::max<std::int64_t>((bounds.right - bounds.left) / side_ + 1, 1);
-    cellHeight_ = std::max<std::int64_t>((bounds.bottom - bounds.top) / side_ + 1, 1);
+    left_ = bounds.left;
+    top_ = bounds.top;
+    cellWidth_ = (bounds.right - bounds.left) / side_ + 1;
+    cellHeight_ = (bounds.bottom - bounds.top) / side_ + 1;
 }
 
 void DiagramIndex::build(const DiagramModel& model) {
