@@ -17,7 +17,6 @@ walk_diagram() {
     xdotool key ctrl+f
     sleep 0.5
     xdotool type --delay 40 Package
-    xdotool key Return
     sleep 0.5
     diagram_picture 3-found
     xdotool key Escape
