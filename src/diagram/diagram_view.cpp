@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "diagram/counted.h"
 #include "diagram/palette.h"
-#include "platform/automation/text.h"
 
 namespace quorel::diagram {
 
@@ -22,10 +22,6 @@ constexpr std::u16string_view kNothing = u"There is nothing to draw.";
 
 [[nodiscard]] std::ptrdiff_t emphasised(std::optional<std::size_t> box) noexcept {
     return box ? static_cast<std::ptrdiff_t>(*box) : -1;
-}
-
-[[nodiscard]] std::u16string counted(std::size_t number, std::u16string_view one, std::u16string_view many) {
-    return automation::decimal(static_cast<std::int64_t>(number)) += number == 1 ? one : many;
 }
 
 }  // namespace

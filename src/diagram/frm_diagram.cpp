@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "diagram/counted.h"
 #include "diagram/diagram_files.h"
 #include "frame/window_placement.h"
 #include "platform/automation/text.h"
@@ -35,10 +36,6 @@ constexpr std::array<ButtonTraits, kStandardButtons> kButtons{{
     {u"cmdPrint", u"&Print", u"Print (Ctrl+P)", &ui::glyphs::print},
     {u"cmdSave", u"&Save", u"Save (Ctrl+S)", &ui::glyphs::save},
 }};
-
-[[nodiscard]] std::u16string counted(std::size_t number, std::u16string_view one, std::u16string_view many) {
-    return automation::decimal(static_cast<std::int64_t>(number)) += number == 1 ? one : many;
-}
 
 /// With one digit more of what is small.
 [[nodiscard]] std::u16string percentage(double share) {
