@@ -175,11 +175,23 @@ bool DrawingWindow::turnWheel(WPARAM w, LPARAM onScreen) {
 bool DrawingWindow::showsShape(LPARAM hit) const {
     if (services().pointer == ui::Pointer::Wait || LOWORD(hit) != HTCLIENT)
         return false;
+    showShape();
+    return true;
+}
+
+void DrawingWindow::showShape() const {
     const ui::PointerShape shape = area().pointerShape();
     ::SetCursor(::LoadCursorW(nullptr, shape == ui::PointerShape::Hand   ? IDC_HAND
                                        : shape == ui::PointerShape::Move ? IDC_SIZEALL
                                                                          : IDC_ARROW));
-    return true;
+}
+
+/// The system asks for the shape when the mouse moves, but not while a button holds it.
+void DrawingWindow::mirror(ui::Change changes) {
+    NativeWindow::mirror(changes);
+    if (has(changes, ui::Change::Style) && held_ != MouseButton::None &&
+        services().pointer != ui::Pointer::Wait)
+        showShape();
 }
 
 /// On the background. The painter may end the window, and run a loop that paints it again.

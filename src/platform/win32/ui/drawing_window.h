@@ -26,7 +26,9 @@ class DrawingWindow : public NativeWindow {
     void move(WPARAM keys, LPARAM at);
     void lose();
     [[nodiscard]] bool turnWheel(WPARAM w, LPARAM onScreen);
+    void mirror(ui::Change changes) override;
     [[nodiscard]] bool showsShape(LPARAM hit) const;
+    void showShape() const;
     void paintOn(HDC dc, const RECT& dirty);
     [[nodiscard]] ui::Point pointAt(POINT pixel) const noexcept;
     [[nodiscard]] ui::DrawingArea& area() const noexcept { return static_cast<ui::DrawingArea&>(*control()); }

@@ -85,6 +85,22 @@ TEST_F(Drawings, HearTheMouseInTwipsAtEveryResolution) {
     EXPECT_EQ(heard, (std::vector<ui::Point>{{300_tw, 450_tw}, {300_tw, 450_tw}}));
 }
 
+TEST_F(Drawings, ThePointerChangesWhileAButtonHoldsTheMouse) {
+    DrawingForm drawing(*desktop);
+    drawing.show();
+    drawing.area.onMouseDown.connect(
+        [&](const ui::MouseEvent&) { drawing.area.setPointerShape(ui::PointerShape::Move); });
+    ::SetCursor(::LoadCursorW(nullptr, IDC_ARROW));
+    const HWND window = windowFor(drawing.area);
+    ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 10));
+    EXPECT_EQ(::GetCursor(), ::LoadCursorW(nullptr, IDC_SIZEALL));
+    ::SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(10, 10));
+    drawing.area.setPointerShape(ui::PointerShape::Hand);
+    ::SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                   MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(::GetCursor(), ::LoadCursorW(nullptr, IDC_HAND));
+}
+
 TEST_F(Drawings, TextKeepsItsProportionToTheDrawingAtEveryScale) {
     DrawingForm drawing(*desktop);
     const ui::Font font{.points = 9};
