@@ -22,10 +22,10 @@ constexpr layout::Length kBetweenRows = 900;
 /// Appears when a moment has passed and goes when it is over.
 class ProgressWindow {
   public:
-    ProgressWindow(const frame::Environment& environment, ui::CancelKey* cancelKey, const DiagramModel& model)
+    ProgressWindow(const frame::Environment& environment, const DiagramModel& model)
         : desktop_(environment.desktop),
           clock_(environment.clock),
-          cancelKey_(cancelKey),
+          cancelKey_(environment.cancelKey),
           boxes_(model.boxes.size()),
           started_(clock_.secondsSinceMidnight()) {}
     ~ProgressWindow() {
@@ -90,10 +90,9 @@ class ProgressWindow {
 
 }  // namespace
 
-bool arrangeForUser(const frame::Environment& environment, ui::CancelKey* cancelKey, DiagramModel& model,
-                    const Measure& measure) {
+bool arrangeForUser(const frame::Environment& environment, DiagramModel& model, const Measure& measure) {
     const ui::WaitPointer wait(environment.desktop);
-    ProgressWindow window(environment, cancelKey, model);
+    ProgressWindow window(environment, model);
     const Measure once = remembering(measure);
     if (arrangeDiagram(model, once, [&window](int permille) { return window.tell(permille); }))
         return true;

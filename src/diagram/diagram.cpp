@@ -186,8 +186,7 @@ void Diagram::arrange() {
     if (all->isPlaced)
         connectStraight(all->model, measure());
     else
-        all->isInRows = !arrangeForUser(environment_, dynamic_cast<ui::CancelKey*>(&environment_.desktop),
-                                        all->model, measure());
+        all->isInRows = !arrangeForUser(environment_, all->model, measure());
     all->isArranged = true;
 }
 

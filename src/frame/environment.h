@@ -8,6 +8,7 @@
 #include "platform/shell/folder_browser.h"
 #include "platform/shell/settings_store.h"
 #include "platform/shell/value_pickers.h"
+#include "platform/ui/cancel_key.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/drawing_export.h"
 #include "platform/ui/picture_objects.h"
@@ -33,6 +34,8 @@ struct Environment {
     std::u16string libraryFolder{};
     /// Null where no drawing can be put into a file.
     ui::DrawingExport* drawingExport = nullptr;
+    /// Null where nobody can press a key while a program works.
+    ui::CancelKey* cancelKey = nullptr;
 };
 
 }  // namespace quorel::frame

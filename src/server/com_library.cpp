@@ -30,7 +30,8 @@ Library::Library()
                    .pictureObjects = &pictureObjects_,
                    .folderBrowser = &fileDialogs_,
                    .libraryFolder = win32::thisModuleFolder(),
-                   .drawingExport = &drawingExport_},
+                   .drawingExport = &drawingExport_,
+                   .cancelKey = &desktop_},
       module_(classesOf(environment_), publicTypeLibrary()) {}
 
 HRESULT Library::canUnloadNow() const noexcept {

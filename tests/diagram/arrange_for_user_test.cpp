@@ -27,12 +27,10 @@ class HastyClock final : public shell::Clock {
 struct Arranging : public ::testing::Test {
     void TearDown() override { EXPECT_NO_THROW(desktop.verify()); }
     [[nodiscard]] bool arrange() {
-        return arrangeForUser(
-            environment, &user, *model, [this](std::u16string_view line, const ui::Font& font) {
-                EXPECT_TRUE(
-                    measured.emplace(line, std::pair(font.family, font.points * 2 + font.bold)).second);
-                return ui::Size{100_tw * static_cast<std::int32_t>(line.size()), 200_tw};
-            });
+        return arrangeForUser(environment, *model, [this](std::u16string_view line, const ui::Font& font) {
+            EXPECT_TRUE(measured.emplace(line, std::pair(font.family, font.points * 2 + font.bold)).second);
+            return ui::Size{100_tw * static_cast<std::int32_t>(line.size()), 200_tw};
+        });
     }
     /// None stands on another, and all lines have two ends.
     void expectSound() {
@@ -53,7 +51,8 @@ struct Arranging : public ::testing::Test {
     automation::ClassRegistry classes;
     HastyClock clock;
     shell::MemorySettingsStore settings;
-    frame::Environment environment{desktop, classes, clock, settings};
+    frame::Environment environment{
+        .desktop = desktop, .classes = classes, .clock = clock, .settings = settings, .cancelKey = &user};
     std::shared_ptr<DiagramModel> model = gridOf(300, 20);
     std::set<std::pair<std::u16string, std::pair<std::u16string, std::int32_t>>> measured;  ///< no line twice
 };
