@@ -80,6 +80,13 @@ saved_diagrams() {
 }
 
 diagram_tests() {
+    start_host diagram-sample script_host samples/vbscript/diagram.vbs
+    wait_for_form frmDiagram
+    expect "a host's own diagram opens" diagram_tells 1 '^3 boxes$'
+    expect "with its connections" diagram_tells 2 '^2 connections$'
+    picture_of diagram-sample
+    xdotool key Escape
+    expect "Esc closes it" host_ends_well 0
     start_host diagram script_host samples/vbscript/metamodel.vbs "$repository"
     wait_for_form frmDiagram
     expect "the diagram opens" spy frmDiagram wait 1
