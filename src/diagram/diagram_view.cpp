@@ -86,10 +86,10 @@ void DiagramView::setModel(std::shared_ptr<DiagramModel> model) {
     viewChanged();
 }
 
-/// All of it; where that would be too small to tell the boxes apart, the box with the most connections.
+/// All of it; where no name could be read then, the box with the most connections.
 void DiagramView::lookFirst() {
     view_.fit();
-    if (!drawing_ || model_->boxes.empty() || detailAt(*model_, view_.scale()) != Detail::Plain)
+    if (!drawing_ || model_->boxes.empty() || detailAt(*model_, view_.scale()) >= Detail::Names)
         return;
     std::size_t most = 0;
     for (std::size_t box = 1; box < model_->boxes.size(); ++box)

@@ -17,6 +17,8 @@ class View : public ::testing::Test {
     View() {
         form_->setClientSize({9000_tw, 6000_tw});
         view_.setBounds({0_tw, 0_tw, 9000_tw, 6000_tw});
+        // Names are read however small the whole of it is.
+        model_->labelFont.points = 14;
         view_.setModel(model_);
         view_.area().focus();
         form_->show(ui::Modality::Modeless);
@@ -56,7 +58,7 @@ TEST_F(View, OpensWithAllOfTheDrawing) {
 }
 
 TEST_F(View, StaysFittedWhileNobodyHasLookedCloser) {
-    view_.setBounds({0_tw, 0_tw, 4000_tw, 6000_tw});
+    view_.setBounds({0_tw, 0_tw, 8000_tw, 5800_tw});
     EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
     goClose();
     const Point middle = seen().middle();
@@ -64,6 +66,15 @@ TEST_F(View, StaysFittedWhileNobodyHasLookedCloser) {
     view_.setBounds({0_tw, 0_tw, 12000_tw, 3000_tw});
     EXPECT_EQ(seen().middle(), middle);
     EXPECT_DOUBLE_EQ(seen().scale(), scale);
+}
+
+TEST_F(View, OpensWhereNamesCanBeRead) {
+    const auto small = gridOf(100, 10);
+    view_.setModel(small);
+    EXPECT_DOUBLE_EQ(seen().scale(), 0.5);
+    small->labelFont.points = 14;
+    view_.setModel(small);
+    EXPECT_DOUBLE_EQ(seen().scale(), seen().fittingScale());
 }
 
 TEST_F(View, OpensOfWhatIsTooLargeTheBoxWithTheMostConnections) {
