@@ -13,9 +13,9 @@
 #include <system_error>
 #include <vector>
 
+#include "bench/numbered.h"
 #include "bench/ratio.h"
 #include "platform/automation/calls.h"
-#include "platform/automation/text.h"
 #include "platform/win32/com/activation.h"
 #include "platform/win32/com/bridge.h"
 #include "platform/win32/com/com_object.h"
@@ -26,12 +26,8 @@ namespace {
 using namespace quorel;
 using automation::Object;
 using automation::Value;
+using bench::numbered;
 using win32::ComPtr;
-
-[[nodiscard]] std::u16string numbered(std::u16string_view stem, std::size_t number) {
-    std::u16string text(stem);
-    return text.append(automation::decimal(static_cast<std::int64_t>(number)));
-}
 
 [[nodiscard]] std::filesystem::path programFolder() {
     std::wstring path(0x1000, L'\0');

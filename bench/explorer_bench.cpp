@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "explorer/explorer.h"
-#include "platform/automation/text.h"
+#include "numbered.h"
 #include "platform/controls/tree_view.h"
 #include "platform/headless/user.h"
 #include "platform/shell/memory_settings_store.h"
@@ -22,15 +22,11 @@ using namespace quorel;
 using automation::make;
 using automation::Object;
 using automation::Ref;
+using bench::numbered;
 
 constexpr std::size_t kPanes = 2000;
 constexpr std::size_t kMany = 100'000;
 constexpr std::size_t kFew = 100;
-
-[[nodiscard]] std::u16string numbered(std::u16string_view stem, std::size_t number) {
-    std::u16string text(stem);
-    return text.append(automation::decimal(static_cast<std::int64_t>(number)));
-}
 
 /// A file of the reference repository with a type of many nodes and one of few.
 class StoredModel {

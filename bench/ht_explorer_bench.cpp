@@ -11,8 +11,8 @@
 #include "dialogs/progress.h"
 #include "explorer/explorer.h"
 #include "explorer/ht_explorer.h"
+#include "numbered.h"
 #include "platform/automation/calls.h"
-#include "platform/automation/text.h"
 #include "platform/headless/user.h"
 #include "platform/shell/memory_settings_store.h"
 #include "platform/shell/system_clock.h"
@@ -25,11 +25,7 @@ using namespace quorel;
 using automation::make;
 using automation::Object;
 using automation::Ref;
-
-[[nodiscard]] std::u16string numbered(std::u16string_view stem, std::size_t number) {
-    std::u16string text(stem);
-    return text.append(automation::decimal(static_cast<std::int64_t>(number)));
-}
+using bench::numbered;
 
 /// A file of the reference repository with so many meta nodes in a ring, twice as many meta links, two
 /// properties and one node each.
