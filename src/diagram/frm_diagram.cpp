@@ -82,15 +82,6 @@ void frmDiagram::showModel() {
     view_.area().focus();
 }
 
-std::shared_ptr<frmDiagram> makeDiagramWindow(const frame::Environment& environment,
-                                              const std::shared_ptr<DiagramModel>& model,
-                                              bool standardButtons) {
-    auto window = std::make_shared<frmDiagram>(environment, model);
-    if (standardButtons)
-        window->AddStandardButtons();
-    return window;
-}
-
 void frmDiagram::addButtons() {
     for (std::size_t i = 0; i < kStandardButtons; ++i) {
         ui::Button& made = add<ui::Button>(kButtons[i].name);

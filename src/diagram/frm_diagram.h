@@ -84,9 +84,4 @@ class frmDiagram final : public ui::Form {
     bool withButtons_ = false;
 };
 
-/// Not loaded yet.
-[[nodiscard]] std::shared_ptr<frmDiagram> makeDiagramWindow(const frame::Environment& environment,
-                                                            const std::shared_ptr<DiagramModel>& model,
-                                                            bool standardButtons);
-
 }  // namespace quorel::diagram

@@ -33,6 +33,15 @@ class FilesDouble final : public shell::FileDialogs {
     std::optional<std::u16string> chooseFolder(const Request&) override { return std::nullopt; }
 };
 
+[[nodiscard]] std::shared_ptr<frmDiagram> makeDiagramWindow(const frame::Environment& environment,
+                                                            const std::shared_ptr<DiagramModel>& model,
+                                                            bool standardButtons) {
+    auto window = std::make_shared<frmDiagram>(environment, model);
+    if (standardButtons)
+        window->AddStandardButtons();
+    return window;
+}
+
 class Window : public ::testing::Test {
   protected:
     Window() { world_.environment.fileDialogs = &files_; }

@@ -31,7 +31,6 @@ class RecordingCanvas final : public ui::Canvas {
     explicit RecordingCanvas(const ui::CanvasView& view) : views_{view} {}
 
     [[nodiscard]] const std::vector<DrawnItem>& items() const noexcept { return items_; }
-    [[nodiscard]] const std::vector<ui::CanvasView>& views() const noexcept { return views_; }
     /// In the order in which they were drawn.
     [[nodiscard]] std::vector<std::u16string> texts() const;
     /// The first text that reads so; null when there is none.
