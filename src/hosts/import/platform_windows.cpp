@@ -3,18 +3,12 @@
 #include <cstdio>
 
 #include "hosts/import/platform.h"
-#include "platform/automation/text.h"
-#include "repository/errors.h"
+#include "repository/import/exchange.h"
 
 namespace quorel::hosts {
 
 std::unique_ptr<repository::ByteSource> openPackageList(const std::filesystem::path& path) {
-    const std::u16string name = path.filename().u16string();
-    if (!name.ends_with(u"_Packages"))
-        throw repository::failure(
-            repository::error_number::kBadFileFormat,
-            u"The list " + repository::inQuotes(name) + u" is compressed; unpack it first");
-    return repository::openPlainFile(path);
+    return repository::openUnpackedList(path);
 }
 
 bool errorStreamIsTerminal() {

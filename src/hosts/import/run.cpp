@@ -3,22 +3,13 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 
 #include "hosts/import/arguments.h"
 #include "hosts/import/platform.h"
 #include "hosts/import/progress_display.h"
-#include "platform/automation/error.h"
 #include "platform/automation/text.h"
-#include "repository/errors.h"
-#include "repository/import/debian_import.h"
-#include "repository/import/ecore_import.h"
-#include "repository/import/json_lines.h"
-#include "repository/import/metamodel.h"
-#include "repository/import/moddle_import.h"
-#include "repository/import/new_file.h"
+#include "repository/import/exchange.h"
 #include "repository/sqlite/file_check.h"
-#include "repository/sqlite/sqlite_store.h"
 
 namespace quorel::hosts {
 
@@ -30,27 +21,25 @@ constexpr int kWrongUsage = 2;
 
 using automation::toUtf8;
 
-void setRepositoryProperties(repository::Store& store, std::u16string_view name,
-                             std::u16string_view description, std::u16string_view type) {
-    store.setRepositoryProperty(u"name", name);
-    store.setRepositoryProperty(u"Description", description);
-    store.setRepositoryProperty(u"RepType", type);
-    store.setRepositoryProperty(u"Version", u"1.0");
+std::string summaryOf(std::int64_t nodes, std::int64_t links) {
+    return std::to_string(nodes) + " nodes and " + std::to_string(links) + " links";
 }
 
-template <class Counts>
-std::string summaryOf(const Counts& counts) {
-    return std::to_string(counts.nodes) + " nodes and " + std::to_string(counts.links) + " links";
+std::string summaryOf(const repository::ExportReport& report) {
+    return summaryOf(report.nodes, report.links);
 }
 
-std::string summaryOf(const repository::metamodel::Outcome& outcome) {
-    return std::to_string(outcome.metaNodes) + " meta nodes with " + std::to_string(outcome.properties) +
-           " properties and " + std::to_string(outcome.metaLinks) + " meta links";
+std::string summaryOf(const repository::ImportReport& report) {
+    if (!report.metamodel)
+        return summaryOf(report.nodes, report.links);
+    return std::to_string(report.metamodel->metaNodes) + " meta nodes with " +
+           std::to_string(report.metamodel->properties) + " properties and " +
+           std::to_string(report.metamodel->metaLinks) + " meta links";
 }
 
 /// Runs `work` with a progress display and says at the end what came of it.
 template <class Work>
-void withProgress(const char* verb, const std::u16string& output, ProgressDisplay::Unit unit, Work work) {
+auto withProgress(const char* verb, const std::u16string& output, ProgressDisplay::Unit unit, Work work) {
     const auto start = std::chrono::steady_clock::now();
     ProgressDisplay display(stderr, errorStreamIsTerminal(), unit);
     const auto counts = [&] {
@@ -66,54 +55,7 @@ void withProgress(const char* verb, const std::u16string& output, ProgressDispla
     const double size = static_cast<double>(std::filesystem::file_size(repository::sqlite::pathOf(output)));
     std::printf("%s %s: %s, %.1f MB, in %.1f s\n", verb, summaryOf(counts).c_str(), toUtf8(output).c_str(),
                 size / 1e6, seconds);
-}
-
-void importPackages(const Arguments& arguments) {
-    const auto lists = repository::debian::packageLists(repository::sqlite::pathOf(arguments.lists));
-    withProgress(
-        "Imported", arguments.output, ProgressDisplay::Unit::Bytes,
-        [&](const repository::ReportProgress& report) {
-            repository::debian::Counts counts;
-            repository::makeRepositoryFile(
-                arguments.output, arguments.replace, [&](repository::Store& store) {
-                    setRepositoryProperties(
-                        store, u"Debian packages",
-                        u"The packages that this machine can install, and how they relate", u"Package index");
-                    counts = repository::debian::importPackages(store, lists, openPackageList, report);
-                });
-            return counts;
-        });
-}
-
-void importJsonLines(const Arguments& arguments) {
-    withProgress("Imported", arguments.output, ProgressDisplay::Unit::Bytes,
-                 [&](const repository::ReportProgress& report) {
-                     const std::filesystem::path input = repository::sqlite::pathOf(arguments.inputs.front());
-                     repository::LineReader lines(repository::openPlainFile(input), repository::shown(input));
-                     std::error_code ignored;
-                     const std::uintmax_t size = std::filesystem::file_size(input, ignored);
-                     repository::JsonCounts counts;
-                     repository::makeRepositoryFile(
-                         arguments.output, arguments.replace, [&](repository::Store& store) {
-                             counts = repository::importJsonLines(store, lines, ignored ? 0 : size, report);
-                         });
-                     return counts;
-                 });
-}
-
-/// The names and the addresses of the outermost packages.
-void nameRepository(repository::Store& store, const repository::metamodel::Metamodel& metamodel) {
-    std::u16string names, addresses;
-    const auto append = [](std::u16string& list, const std::u16string& text) {
-        list.append(list.empty() || text.empty() ? u"" : u", ").append(text);
-    };
-    for (const repository::metamodel::Package& package : metamodel.packages) {
-        if (package.isNested || package.isNamedOnly)
-            continue;
-        append(names, package.name);
-        append(addresses, package.address);
-    }
-    setRepositoryProperties(store, names, addresses, u"Metamodel");
+    return counts;
 }
 
 /// What did not go into the repository as it was in the files.
@@ -127,55 +69,25 @@ void printRest(const repository::metamodel::Outcome& outcome) {
         std::printf("%8lld  %s\n", static_cast<long long>(count), kind.c_str());
 }
 
-void importMetamodel(const Arguments& arguments, decltype(repository::metamodel::readEcore)* read) {
-    std::vector<std::filesystem::path> inputs;
-    for (const std::u16string& input : arguments.inputs)
-        inputs.push_back(repository::sqlite::pathOf(input));
-    repository::metamodel::Outcome outcome;
-    withProgress("Imported", arguments.output, ProgressDisplay::Unit::Bytes,
-                 [&](const repository::ReportProgress& report) {
-                     repository::makeRepositoryFile(
-                         arguments.output, arguments.replace, [&](repository::Store& store) {
-                             const auto metamodel = read(inputs, repository::openPlainFile, report);
-                             nameRepository(store, metamodel);
-                             outcome = repository::metamodel::write(store, metamodel);
-                         });
-                     return outcome;
-                 });
-    printRest(outcome);
-}
-
-[[noreturn]] void refuseOutput(const std::u16string& output) {
-    throw repository::failure(automation::error_number::kPathFileAccess,
-                              u"The file " + repository::inQuotes(output) + u" cannot be written");
-}
-
-/// Writes beside the output and moves it there when it is complete.
-repository::JsonCounts exportTo(const Arguments& arguments, const repository::ReportProgress& report) {
-    const std::filesystem::path output = repository::sqlite::pathOf(arguments.output);
-    if (!arguments.replace && std::filesystem::exists(output))
-        throw repository::failure(repository::error_number::kFileAlreadyExists,
-                                  u"The file " + repository::inQuotes(arguments.output) + u" already exists");
-    const auto store = repository::sqlite::openStore(arguments.inputs.front());
-    const std::filesystem::path unfinished = repository::sqlite::pathOf(arguments.output + u".exporting");
-    std::ofstream out(unfinished, std::ios::binary);
-    if (!out)
-        refuseOutput(arguments.output);
-    const repository::JsonCounts counts = repository::exportJsonLines(*store, out, report);
-    out.close();
-    std::error_code failed;
-    if (out)
-        std::filesystem::rename(unfinished, output, failed);
-    if (!out || failed) {
-        std::filesystem::remove(unfinished, failed);
-        refuseOutput(arguments.output);
-    }
-    return counts;
+void importFiles(const Arguments& arguments, repository::ImportKind kind) {
+    const bool fromLists = kind == repository::ImportKind::PackageIndex;
+    const std::vector<std::u16string> inputs = fromLists ? std::vector{arguments.lists} : arguments.inputs;
+    const repository::ImportReport made =
+        withProgress("Imported", arguments.output, ProgressDisplay::Unit::Bytes,
+                     [&](const repository::ReportProgress& report) {
+                         return repository::importInto(kind, inputs, arguments.output, arguments.replace,
+                                                       report, openPackageList);
+                     });
+    if (made.metamodel)
+        printRest(*made.metamodel);
 }
 
 void exportJsonLines(const Arguments& arguments) {
     withProgress("Exported", arguments.output, ProgressDisplay::Unit::Elements,
-                 [&](const repository::ReportProgress& report) { return exportTo(arguments, report); });
+                 [&](const repository::ReportProgress& report) {
+                     return repository::exportTo(arguments.inputs.front(), arguments.output,
+                                                 arguments.replace, report);
+                 });
 }
 
 void perform(const Arguments& arguments) {
@@ -184,13 +96,13 @@ void perform(const Arguments& arguments) {
             std::fputs(usage().c_str(), stdout);
             break;
         case Arguments::Action::ImportPackages:
-            return importPackages(arguments);
+            return importFiles(arguments, repository::ImportKind::PackageIndex);
         case Arguments::Action::ImportJsonLines:
-            return importJsonLines(arguments);
+            return importFiles(arguments, repository::ImportKind::JsonLines);
         case Arguments::Action::ImportModdle:
-            return importMetamodel(arguments, repository::metamodel::readModdle);
+            return importFiles(arguments, repository::ImportKind::Moddle);
         case Arguments::Action::ImportEcore:
-            return importMetamodel(arguments, repository::metamodel::readEcore);
+            return importFiles(arguments, repository::ImportKind::Ecore);
         case Arguments::Action::ExportJsonLines:
             return exportJsonLines(arguments);
     }

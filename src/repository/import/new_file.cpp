@@ -28,6 +28,19 @@ class Unfinished {
     std::u16string file_;
 };
 
+/// What a session that was cut short left in the log beside an old file would get into the new one, so it
+/// goes into the old one first. Throws `Error` 75 when the log stays, since somebody uses the file.
+void putLogAway(const std::u16string& file) {
+    std::error_code ignored;
+    const std::filesystem::path log = sqlite::pathOf(file + u"-wal");
+    if (!std::filesystem::exists(log, ignored))
+        return;
+    (void)sqlite::openStore(file);
+    if (std::filesystem::exists(log, ignored))
+        throw failure(automation::error_number::kPathFileAccess,
+                      u"The file " + inQuotes(file) + u" is in use; close it first");
+}
+
 }  // namespace
 
 void makeRepositoryFile(const std::u16string& file, bool replace, const std::function<void(Store&)>& fill) {
@@ -43,6 +56,7 @@ void makeRepositoryFile(const std::u16string& file, bool replace, const std::fun
         fill(*store);
         transaction.commit();
     }
+    putLogAway(file);
     std::filesystem::rename(sqlite::pathOf(unfinished.file()), path, failed);
     if (failed)
         throw failure(automation::error_number::kPathFileAccess,
