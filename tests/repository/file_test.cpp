@@ -1,52 +1,10 @@
 // Files that are no repository, not for this program, or not accessible.
 
-#include <sqlite3.h>
-
-#include <memory>
-
 #include "repository/sqlite/schema.h"
-#include "tests/repository/library_fixture.h"
+#include "tests/repository/file_fixture.h"
 
 namespace quorel::repository::testing {
 namespace {
-
-class RepositoryFile : public ::testing::Test {
-  protected:
-    automation::Error openError(const std::string& name = "test.quorel") {
-        return errorOf([&] { automation::make<Repository>()->open(folder_.file(name)); });
-    }
-    void create(const std::string& name = "test.quorel") {
-        const auto repository = automation::make<Repository>();
-        repository->create(folder_.file(name));
-        repository->makeMetaNode(u"Book", u"");
-    }
-    [[nodiscard]] std::filesystem::path path(const std::string& name = "test.quorel") const {
-        return folder_.path() / name;
-    }
-    /// Opening the file fails, changes no byte of it and leaves nothing beside it.
-    void expectUntouched(std::int32_t number, const std::string& words) {
-        const std::string before = contentsOf(path());
-        const automation::Error error = openError();
-        EXPECT_EQ(error.number(), number);
-        EXPECT_NE(std::string(error.what()).find(words), std::string::npos) << error.what();
-        EXPECT_TRUE(contentsOf(path()) == before);
-        EXPECT_EQ(folder_.count(), 1U);
-    }
-    struct CloseRaw {
-        void operator()(sqlite3* handle) const noexcept { sqlite3_close(handle); }
-    };
-    using Raw = std::unique_ptr<sqlite3, CloseRaw>;
-    Raw openRaw() {
-        sqlite3* handle = nullptr;
-        EXPECT_EQ(sqlite3_open(path().string().c_str(), &handle), SQLITE_OK);
-        return Raw(handle);
-    }
-    void runRaw(const std::string& sql) {
-        EXPECT_EQ(sqlite3_exec(openRaw().get(), sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    }
-
-    TemporaryFolder folder_;
-};
 
 TEST_F(RepositoryFile, AClosedRepositoryIsOneFile) {
     create();
@@ -132,8 +90,14 @@ TEST_F(RepositoryFile, ADamagedFileIsSaidToBe) {
     EXPECT_TRUE(contentsOf(path()) == contents);
 }
 
-TEST_F(RepositoryFile, AFileWithOurMarkButOtherTablesIsSaidToBeDamaged) {
+TEST_F(RepositoryFile, AFileWithOurMarkButOtherTablesIsRefused) {
     runRaw("PRAGMA application_id = " + std::to_string(sqlite::kApplicationId) + "; CREATE TABLE t (x)");
+    expectUntouched(321, "is refused: it holds the table 't', which no repository has");
+}
+
+TEST_F(RepositoryFile, AFileWithOurMarkButNoTablesIsSaidToBeDamaged) {
+    runRaw("PRAGMA application_id = " + std::to_string(sqlite::kApplicationId) +
+           "; PRAGMA user_version = " + std::to_string(sqlite::kSchemaVersion));
     expectUntouched(321, "is damaged");
 }
 

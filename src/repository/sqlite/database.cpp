@@ -7,6 +7,36 @@
 
 namespace quorel::repository::sqlite {
 
+namespace {
+
+struct Setting {
+    int what, value;
+};
+
+// A file from elsewhere must not be able to do more than hold data.
+constexpr Setting kDefences[] = {
+    {SQLITE_DBCONFIG_DEFENSIVE, 1},
+    {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+    {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+    {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+    {SQLITE_DBCONFIG_WRITABLE_SCHEMA, 0},
+    {SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
+    {SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER, 0},
+    {SQLITE_DBCONFIG_ENABLE_FKEY, 1},
+};
+
+// Far above what the statements of this program need, far below what the ones in a file could cost.
+constexpr Setting kLimits[] = {
+    {SQLITE_LIMIT_SQL_LENGTH, 100'000},  {SQLITE_LIMIT_COLUMN, 100},
+    {SQLITE_LIMIT_EXPR_DEPTH, 50},       {SQLITE_LIMIT_COMPOUND_SELECT, 10},
+    {SQLITE_LIMIT_VDBE_OP, 25'000},      {SQLITE_LIMIT_FUNCTION_ARG, 16},
+    {SQLITE_LIMIT_ATTACHED, 0},          {SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1000},
+    {SQLITE_LIMIT_VARIABLE_NUMBER, 100}, {SQLITE_LIMIT_TRIGGER_DEPTH, 10},
+    {SQLITE_LIMIT_WORKER_THREADS, 0},
+};
+
+}  // namespace
+
 Database::Database(std::u16string file, Mode mode) : file_(std::move(file)) {
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::CreateNew ? SQLITE_OPEN_CREATE : 0);
@@ -15,11 +45,11 @@ Database::Database(std::u16string file, Mode mode) : file_(std::move(file)) {
     if (code != SQLITE_OK)
         throw error(code);
     sqlite3_extended_result_codes(handle, 1);
-    // A file from elsewhere must not be able to do more than hold data.
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
+    for (const Setting& defence : kDefences)
+        sqlite3_db_config(handle, defence.what, defence.value, nullptr);
+    for (const Setting& limit : kLimits)
+        sqlite3_limit(handle, limit.what, limit.value);
+    run("PRAGMA cell_size_check = ON");
 }
 
 void Database::run(const char* sql) {

@@ -3,6 +3,7 @@
 #include "repository/errors.h"
 #include "repository/sqlite/file_check.h"
 #include "repository/sqlite/schema.h"
+#include "repository/sqlite/schema_check.h"
 #include "repository/sqlite/sqlite_store.h"
 
 namespace quorel::repository::sqlite {
@@ -25,6 +26,7 @@ std::unique_ptr<Store> openStore(const std::u16string& file) {
                       u"The repository " + inQuotes(file) + u" is read-only and cannot be changed");
     database->setPatience(kPatienceMs);
     database->run(kSettings);
+    checkSchema(*database);
     upgradeSchema(*database);
     auto store = std::make_unique<SqliteStore>(std::move(database));
     store->removeAbandoned();
