@@ -56,12 +56,14 @@ run_google_test() {
 
 # run_program NAME PROGRAM ARGUMENT...: a host under Wine; it must end with code 0.
 run_program() {
-    local name=$1 started=$SECONDS log=$logs/host-$1.log
+    local name=$1 started=$SECONDS log=$logs/host-$1.log status=0
     shift
-    if run_windows 120 "$@" >"$log" 2>&1; then
+    run_windows 120 "$@" >"$log" 2>&1 || status=$?
+    if [[ $status == 0 ]]; then
         tally "host: $name" 1 0 $((SECONDS - started))
     else
         tail -n 20 "$log"
+        note "it ended with code $status"
         tally "host: $name" 0 1 $((SECONDS - started))
     fi
 }

@@ -103,8 +103,10 @@ int wmain(int count, wchar_t** given) {
         writeLine(Stream::Errors, kUsage);
         return kMisused;
     }
-    if (FAILED(::OleInitialize(nullptr)))
+    if (FAILED(::OleInitialize(nullptr))) {
+        writeLine(Stream::Errors, u"OLE could not be started");
         return kMisused;
+    }
     int code = kMisused;
     try {
         code = run(*command);
