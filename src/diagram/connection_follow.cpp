@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#include "diagram/spot.h"
+
 namespace quorel::diagram {
 
 namespace {
@@ -16,27 +18,6 @@ using ui::Rect;
 
 /// How far a label stands from its line.
 constexpr ui::Twips kBesideLine{90};
-
-/// A place or a way, where parts of a twip count.
-struct Vector {
-    double x = 0, y = 0;
-};
-
-[[nodiscard]] Vector vector(Point point) noexcept {
-    return {static_cast<double>(point.x.value), static_cast<double>(point.y.value)};
-}
-
-[[nodiscard]] Point rounded(Vector at) noexcept {
-    return {{static_cast<std::int32_t>(std::lround(at.x))}, {static_cast<std::int32_t>(std::lround(at.y))}};
-}
-
-[[nodiscard]] Vector middleOf(const Rect& place) noexcept {
-    return {place.left.value + place.width.value / 2.0, place.top.value + place.height.value / 2.0};
-}
-
-[[nodiscard]] Vector between(Vector a, Vector b, double share) noexcept {
-    return {a.x + (b.x - a.x) * share, a.y + (b.y - a.y) * share};
-}
 
 [[nodiscard]] Point moved(Point point, Point by) noexcept {
     return {point.x + by.x, point.y + by.y};
@@ -62,7 +43,7 @@ void narrow(double from, double to, double low, double high, double& enter, doub
 
 /// The share of the straight way after which it is inside the box; none if it leads past it or along its
 /// edge.
-[[nodiscard]] std::optional<double> entersAt(const Rect& box, Vector from, Vector to) noexcept {
+[[nodiscard]] std::optional<double> entersAt(const Rect& box, Spot from, Spot to) noexcept {
     double enter = 0, leave = 1;
     narrow(from.x, to.x, box.left.value, box.right().value, enter, leave);
     narrow(from.y, to.y, box.top.value, box.bottom().value, enter, leave);
@@ -75,8 +56,8 @@ void narrow(double from, double to, double low, double high, double& enter, doub
 }
 
 /// Where the way from the middle of the box to a point outside leaves it.
-[[nodiscard]] Point edgeTowards(const Rect& box, Vector to) noexcept {
-    const Vector middle = middleOf(box);
+[[nodiscard]] Point edgeTowards(const Rect& box, Spot to) noexcept {
+    const Spot middle = middleOf(box);
     const double acrossX = std::abs(to.x - middle.x) / std::max(box.width.value / 2.0, 0.5);
     const double acrossY = std::abs(to.y - middle.y) / std::max(box.height.value / 2.0, 0.5);
     const Point edge = rounded(between(middle, to, 1 / std::max({acrossX, acrossY, 1.0})));
@@ -85,14 +66,14 @@ void narrow(double from, double to, double low, double high, double& enter, doub
 
 /// A line that came by `last` from `before` would go back to reach the box.
 [[nodiscard]] bool turnsBack(Point before, Point last, const Rect& box) noexcept {
-    const Vector a = vector(before), b = vector(last), c = middleOf(box);
+    const Spot a = spot(before), b = spot(last), c = middleOf(box);
     return (b.x - a.x) * (c.x - b.x) + (b.y - a.y) * (c.y - b.y) < 0;
 }
 
 /// The part of a line that stays, when it runs into the box on its way: up to the box's edge.
 [[nodiscard]] std::optional<std::vector<Point>> cutAtBox(const std::vector<Point>& line, const Rect& box) {
     for (std::size_t i = 1; i + 1 < line.size(); ++i) {
-        const Vector from = vector(line[i - 1]), to = vector(line[i]);
+        const Spot from = spot(line[i - 1]), to = spot(line[i]);
         const std::optional<double> enters = entersAt(box, from, to);
         if (!enters || isInside(box, line[i - 1]))
             continue;
@@ -112,36 +93,32 @@ void narrow(double from, double to, double low, double high, double& enter, doub
     std::size_t kept = line.size() - 1;
     while (kept > 1 && (isInside(box, line[kept - 1]) || turnsBack(line[kept - 2], line[kept - 1], box)))
         --kept;
-    const Vector last = vector(line[kept - 1]);
+    const Spot last = spot(line[kept - 1]);
     const Point translated = moved(line.back(), by);
     const bool keepsPlace =
-        kept + 1 == line.size() && isInside(box, translated) && !entersAt(box, last, vector(translated));
+        kept + 1 == line.size() && isInside(box, translated) && !entersAt(box, last, spot(translated));
     std::vector<Point> result(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(kept));
     result.push_back(keepsPlace ? translated : edgeTowards(box, last));
     return result;
 }
 
-[[nodiscard]] double lengthOf(Point a, Point b) noexcept {
-    return std::hypot(vector(b).x - vector(a).x, vector(b).y - vector(a).y);
-}
-
 /// A place on a line, by how far it is from the line's beginning.
 struct Anchor {
     double distance = 0;
-    Vector at;
+    Spot at;
 };
 
-[[nodiscard]] Anchor nearestOn(const std::vector<Point>& line, Vector to) noexcept {
-    Anchor best{0, vector(line.front())};
+[[nodiscard]] Anchor nearestOn(const std::vector<Point>& line, Spot to) noexcept {
+    Anchor best{0, spot(line.front())};
     double shortest = std::hypot(to.x - best.at.x, to.y - best.at.y);
     double passed = 0;
     for (std::size_t i = 1; i < line.size(); ++i) {
-        const Vector a = vector(line[i - 1]);
-        const Vector b = vector(line[i]);
-        const double length = lengthOf(line[i - 1], line[i]);
+        const Spot a = spot(line[i - 1]);
+        const Spot b = spot(line[i]);
+        const double length = distance(a, b);
         const double along = (to.x - a.x) * (b.x - a.x) + (to.y - a.y) * (b.y - a.y);
         const double share = length > 0 ? std::clamp(along / (length * length), 0.0, 1.0) : 0;
-        const Vector at = between(a, b, share);
+        const Spot at = between(a, b, share);
         const double way = std::hypot(to.x - at.x, to.y - at.y);
         if (way < shortest) {
             shortest = way;
@@ -159,15 +136,15 @@ struct Anchor {
         return label;
     double kept = 0;
     for (std::size_t i = 2; i < after.size(); ++i)
-        kept += lengthOf(after[i - 2], after[i - 1]);
+        kept += distance(spot(after[i - 2]), spot(after[i - 1]));
     double whole = 0;
     for (std::size_t i = 1; i < before.size(); ++i)
-        whole += lengthOf(before[i - 1], before[i]);
+        whole += distance(spot(before[i - 1]), spot(before[i]));
     const Anchor anchor = nearestOn(before, middleOf(label));
     if (anchor.distance <= kept || whole <= kept)
         return label;
-    const Vector now = between(vector(after[after.size() - 2]), vector(after.back()),
-                               (anchor.distance - kept) / (whole - kept));
+    const Spot now =
+        between(spot(after[after.size() - 2]), spot(after.back()), (anchor.distance - kept) / (whole - kept));
     const Point by = rounded({now.x - anchor.at.x, now.y - anchor.at.y});
     return {label.left + by.x, label.top + by.y, label.width, label.height};
 }
@@ -185,9 +162,11 @@ struct Anchor {
     Rect best = label;
     double longest = -1;
     for (std::size_t i = 1; i < line.size(); ++i) {
-        const Point middle = rounded(between(vector(line[i - 1]), vector(line[i]), 0.5));
+        const Spot a = spot(line[i - 1]);
+        const Spot b = spot(line[i]);
+        const Point middle = rounded(between(a, b, 0.5));
         const Rect beside{middle.x + kBesideLine, middle.y - label.height / 2, label.width, label.height};
-        const double length = lengthOf(line[i - 1], line[i]);
+        const double length = distance(a, b);
         if (length > longest && !overlap(beside, box)) {
             best = beside;
             longest = length;

@@ -15,7 +15,6 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr Twips kPixel = 15_tw;
 /// Of a diagram that cannot be seen as a whole.
 constexpr double kFirstScale = 0.5;
 constexpr std::u16string_view kNothing = u"There is nothing to draw.";
@@ -144,8 +143,9 @@ void DiagramView::paint(ui::Canvas& canvas, const Rect& dirty) const {
         canvas.setView({dirty, {dirty.left, dirty.top}, 1});
     }
     if (area_.hasFocus())
-        canvas.drawRectangle({0_tw, 0_tw, bounds().width - kPixel, bounds().height - kPixel},
-                             {palette::kAccent, kPixel});
+        canvas.drawRectangle(
+            {0_tw, 0_tw, bounds().width - palette::kPixel, bounds().height - palette::kPixel},
+            {palette::kAccent, palette::kPixel});
 }
 
 void DiagramView::paintNothing(ui::Canvas& canvas) const {

@@ -16,7 +16,7 @@ using namespace ui::literals;
 namespace {
 
 constexpr double kWheelStep = 1.2;
-constexpr double kNotch = 120;
+constexpr double kWheelNotch = 120;
 constexpr Twips kWheelWay = 900_tw;
 /// A shorter way of the mouse is a click.
 constexpr std::int32_t kClickWay = 60;
@@ -115,7 +115,7 @@ void DiagramView::doubleClicked(const ui::MouseEvent& event) {
 }
 
 void DiagramView::wheelTurned(const ui::MouseEvent& event) {
-    const double notches = event.wheel / kNotch;
+    const double notches = event.wheel / kWheelNotch;
     shown_ = Shown::Part;
     if (has(event.modifiers, ui::Modifiers::Shift))
         view_.panBy({Twips{static_cast<std::int32_t>(kWheelWay.value * notches)}, 0_tw});

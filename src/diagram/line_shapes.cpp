@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "diagram/spot.h"
+
 namespace quorel::diagram {
 
 using ui::Point;
@@ -11,21 +13,8 @@ namespace {
 
 constexpr double kRadius = 180;
 constexpr int kSteps = 5;
-constexpr double kHeadLength = 165, kHeadHalf = 68, kNotch = 120;
+constexpr double kHeadLength = 165, kHeadHalf = 68, kHeadNotch = 120;
 
-struct Spot {
-    double x = 0, y = 0;
-};
-
-[[nodiscard]] Spot spot(Point point) noexcept {
-    return {static_cast<double>(point.x.value), static_cast<double>(point.y.value)};
-}
-[[nodiscard]] Point rounded(Spot at) noexcept {
-    return {{static_cast<std::int32_t>(std::lround(at.x))}, {static_cast<std::int32_t>(std::lround(at.y))}};
-}
-[[nodiscard]] double distance(Spot a, Spot b) noexcept {
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
 [[nodiscard]] Spot towards(Spot from, Spot to, double length) noexcept {
     const double all = distance(from, to);
     return all == 0 ? from
@@ -62,7 +51,7 @@ std::array<Point, 4> arrowHead(Point from, Point tip) {
         length == 0 ? Spot{0, -1} : Spot{(spot(from).x - end.x) / length, (spot(from).y - end.y) / length};
     const Spot base{end.x + back.x * kHeadLength, end.y + back.y * kHeadLength};
     return {tip, rounded({base.x - back.y * kHeadHalf, base.y + back.x * kHeadHalf}),
-            rounded({end.x + back.x * kNotch, end.y + back.y * kNotch}),
+            rounded({end.x + back.x * kHeadNotch, end.y + back.y * kHeadNotch}),
             rounded({base.x + back.y * kHeadHalf, base.y - back.x * kHeadHalf})};
 }
 

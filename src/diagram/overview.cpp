@@ -18,7 +18,6 @@ using namespace ui::literals;
 constexpr ui::Size kLargest{3000_tw, 2400_tw};
 constexpr Twips kSmallest = 450_tw;
 constexpr Twips kFromCorner = 150_tw;
-constexpr Twips kPixel = 15_tw;
 
 [[nodiscard]] std::int64_t length(Twips twips) noexcept {
     return twips.value;
@@ -65,8 +64,8 @@ void Overview::show(const Rect& extent, const Rect& seen) {
     if (isOther)
         return invalidate();
     for (Rect each : {before, frame()}) {
-        each = {each.left - kPixel * 2, each.top - kPixel * 2, each.width + kPixel * 4,
-                each.height + kPixel * 4};
+        each = {each.left - palette::kPixel * 2, each.top - palette::kPixel * 2,
+                each.width + palette::kPixel * 4, each.height + palette::kPixel * 4};
         invalidate(each);
     }
 }
@@ -84,10 +83,11 @@ Rect Overview::frame() const noexcept {
         return {};
     const Rect all = whole().toWindow(seen_);
     // Its edges stay in sight.
-    const Twips left = std::clamp(all.left, 0_tw, bounds().width - kPixel * 3);
-    const Twips top = std::clamp(all.top, 0_tw, bounds().height - kPixel * 3);
-    const Twips right = std::clamp(all.right(), left + kPixel * 2, bounds().width - kPixel);
-    const Twips bottom = std::clamp(all.bottom(), top + kPixel * 2, bounds().height - kPixel);
+    const Twips left = std::clamp(all.left, 0_tw, bounds().width - palette::kPixel * 3);
+    const Twips top = std::clamp(all.top, 0_tw, bounds().height - palette::kPixel * 3);
+    const Twips right = std::clamp(all.right(), left + palette::kPixel * 2, bounds().width - palette::kPixel);
+    const Twips bottom =
+        std::clamp(all.bottom(), top + palette::kPixel * 2, bounds().height - palette::kPixel);
     return {left, top, right - left, bottom - top};
 }
 
@@ -96,12 +96,12 @@ void Overview::paint(ui::Canvas& canvas, const Rect& dirty) const {
     if (paintBoxes_) {
         const ui::CanvasView view = whole().canvasView(dirty);
         canvas.setView(view);
-        paintBoxes_(canvas, {static_cast<std::int32_t>(std::ceil(kPixel.value / view.scale))});
+        paintBoxes_(canvas, {static_cast<std::int32_t>(std::ceil(palette::kPixel.value / view.scale))});
     }
     canvas.setView({dirty, {dirty.left, dirty.top}, 1});
-    canvas.drawRectangle({0_tw, 0_tw, bounds().width - kPixel, bounds().height - kPixel},
-                         {palette::kBorder, kPixel});
-    canvas.drawRectangle(frame(), {palette::kAccent, kPixel * 2});
+    canvas.drawRectangle({0_tw, 0_tw, bounds().width - palette::kPixel, bounds().height - palette::kPixel},
+                         {palette::kBorder, palette::kPixel});
+    canvas.drawRectangle(frame(), {palette::kAccent, palette::kPixel * 2});
 }
 
 void Overview::mouseIsAt(ui::Point at) {

@@ -24,6 +24,8 @@ inline constexpr ui::Colour kAccentHeader{0xD3, 0xE4, 0xFD};
 inline constexpr ui::Colour kNeighbour{0x6C, 0x96, 0xD8};
 
 inline constexpr ui::Twips kBorderWidth{15}, kLineWidth{15}, kAccentWidth{30}, kHairLine{0};
+/// As wide as a pixel of a screen that is not scaled.
+inline constexpr ui::Twips kPixel{15};
 
 /// What is not looked at: half way to the paper, so that it can still be read.
 [[nodiscard]] constexpr ui::Colour paler(ui::Colour colour, ui::Colour paper) noexcept {

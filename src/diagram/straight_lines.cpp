@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "diagram/spot.h"
+
 namespace quorel::diagram {
 
 using ui::Point;
@@ -15,23 +17,6 @@ namespace {
 
 constexpr double kBetweenLanes = 240;
 constexpr Twips kLoopWidth{420};
-
-struct Spot {
-    double x = 0, y = 0;
-};
-
-[[nodiscard]] Spot middle(const Rect& box) noexcept {
-    return {box.left.value + box.width.value / 2.0, box.top.value + box.height.value / 2.0};
-}
-
-[[nodiscard]] Point rounded(Spot spot) noexcept {
-    return {{static_cast<std::int32_t>(std::lround(spot.x))},
-            {static_cast<std::int32_t>(std::lround(spot.y))}};
-}
-
-[[nodiscard]] Spot between(Spot from, Spot to, double part) noexcept {
-    return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
-}
 
 /// The part of the way, from 0 to 1, that lies within the box, its edge included.
 [[nodiscard]] std::optional<std::pair<double, double>> within(const Rect& box, Spot from, Spot to) noexcept {
@@ -53,7 +38,7 @@ struct Spot {
 }  // namespace
 
 std::vector<Point> straightLine(const Rect& from, const Rect& to, std::int32_t lane) {
-    Spot begin = middle(from), end = middle(to);
+    Spot begin = middleOf(from), end = middleOf(to);
     const double length = std::hypot(end.x - begin.x, end.y - begin.y);
     if (lane != 0 && length > 0) {
         // Lanes lie on either side by turns.

@@ -10,7 +10,7 @@ namespace quorel::dialogs {
 using namespace ui::literals;
 
 namespace {
-constexpr ui::Twips kWidth = 6000_tw;
+constexpr ui::Twips kProgressWidth = 6000_tw;
 }  // namespace
 
 frmProgress::frmProgress(ui::Desktop& desktop, shell::Clock& clock)
@@ -24,7 +24,7 @@ frmProgress::frmProgress(ui::Desktop& desktop, shell::Clock& clock)
     setText(u"Progress");
     setResizable(false);
     status_.setPanels({{u"", 0_tw}});
-    setClientSize({kWidth, progressHeight(desktop.textSize(u"Xg").height)});
+    setClientSize({kProgressWidth, progressHeight(desktop.textSize(u"Xg").height)});
     place();
 }
 

@@ -9,7 +9,7 @@ namespace quorel::dialogs {
 using namespace ui::literals;
 
 namespace {
-constexpr ui::Twips kWidth = 5400_tw;
+constexpr ui::Twips kProgressBarWidth = 5400_tw;
 }  // namespace
 
 frmProgressBar::frmProgressBar(ui::Desktop& desktop, shell::Clock& clock)
@@ -19,7 +19,7 @@ frmProgressBar::frmProgressBar(ui::Desktop& desktop, shell::Clock& clock)
       pace_(clock) {
     setText(u"Progress");
     setResizable(false);
-    setClientSize({kWidth, progressBarHeight(desktop.textSize(u"Xg").height)});
+    setClientSize({kProgressBarWidth, progressBarHeight(desktop.textSize(u"Xg").height)});
     place();
 }
 

@@ -14,7 +14,7 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr ui::Size kFirstSize{6600_tw, 6600_tw};
+constexpr ui::Size kEditorSize{6600_tw, 6600_tw};
 
 /// What the callback made of a flag. Languages without arguments by reference return it instead.
 [[nodiscard]] bool flagOf(const Value& argument, const Value& returned) {
@@ -49,7 +49,7 @@ frmPropertyEditor::frmPropertyEditor(const frame::Environment& environment)
     onUnload.connect([this] { ok_ = false; });
     onResize.connect([this] { place(); });
     setMinimumClientSize(leastPropertyDialogSize(desktop().textSize(u"Xg").height));
-    setClientSize(kFirstSize);
+    setClientSize(kEditorSize);
     property_.list().focus();
 }
 

@@ -13,7 +13,7 @@ using automation::Value;
 using namespace ui::literals;
 
 namespace {
-constexpr ui::Size kFirstSize{6600_tw, 6000_tw};
+constexpr ui::Size kNodeEditSize{6600_tw, 6000_tw};
 }
 
 NodeEdit::NodeEdit(const frame::Environment& environment)
@@ -42,7 +42,7 @@ NodeEdit::NodeEdit(const frame::Environment& environment)
     onQueryUnload.connect([this](bool&) { ok_ = false; });
     onResize.connect([this] { place(); });
     setMinimumClientSize(leastPropertyDialogSize(desktop().textSize(u"Xg").height));
-    setClientSize(kFirstSize);
+    setClientSize(kNodeEditSize);
     property_.list().focus();
 }
 

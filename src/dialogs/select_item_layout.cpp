@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "dialogs/dialog_buttons.h"
+
 namespace quorel::dialogs {
 
 namespace {
@@ -13,11 +15,7 @@ using namespace ui::literals;
 
 constexpr Twips kMargin = 120_tw;
 constexpr Twips kLabelGap = 75_tw;
-constexpr Twips kButtonGap = 105_tw;
-constexpr Twips kButtonWidth = 1200_tw;
 constexpr Twips kCountWidth = 1500_tw;
-/// What a button needs around a line of text.
-constexpr Twips kPadding = 135_tw;
 constexpr std::int32_t kLeastLines = 6;
 
 [[nodiscard]] Twips leastWidth(bool withChecks) noexcept {

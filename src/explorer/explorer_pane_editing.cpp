@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::int32_t kYesNoQuestion = 4 + 32;
 constexpr std::int32_t kInformation = 64;
-constexpr std::u16string_view kTitle = u"QuorelUtility";
+constexpr std::u16string_view kQuestionTitle = u"QuorelUtility";
 
 /// Whether the rows of such a list are links.
 [[nodiscard]] bool listsLinks(const ExplorerControl& list) noexcept {
@@ -212,7 +212,8 @@ void ExplorerPane::deleteObject(const ExplorerControl* list) {
         return;
     const std::u16string called = valueText(object.get(u"name"));
     const auto ask = [&](std::u16string text, std::int32_t style) {
-        return window_->desktop().showMessage({std::move(text), std::u16string(kTitle), style}, window_);
+        return window_->desktop().showMessage({std::move(text), std::u16string(kQuestionTitle), style},
+                                              window_);
     };
     if (ask(u"Delete '" + called + u"'?", kYesNoQuestion) != ui::MessageAnswer::Yes ||
         releases != window_->releases())

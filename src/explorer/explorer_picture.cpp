@@ -11,7 +11,7 @@ using ui::GlyphStroke;
 
 /// A tree of three boxes and its lines.
 [[nodiscard]] ui::Glyph drawing() {
-    constexpr Colour kLine{96, 96, 96}, kEdge{30, 60, 120}, kTop{250, 200, 90}, kBelow{150, 190, 240};
+    constexpr Colour kBranch{96, 96, 96}, kEdge{30, 60, 120}, kTop{250, 200, 90}, kBelow{150, 190, 240};
     ui::Glyph glyph;
     const auto box = [&glyph](double left, double top, Colour area) {
         const std::vector<ui::GlyphPoint> corners{
@@ -19,8 +19,8 @@ using ui::GlyphStroke;
         glyph.strokes.push_back({corners, area, 1, true, true});
         glyph.strokes.push_back({corners, kEdge, 0.7, true, false});
     };
-    glyph.strokes.push_back({{{4, 5.5}, {4, 12.5}, {9, 12.5}}, kLine, 0.8});
-    glyph.strokes.push_back({{{4, 8}, {9, 8}}, kLine, 0.8});
+    glyph.strokes.push_back({{{4, 5.5}, {4, 12.5}, {9, 12.5}}, kBranch, 0.8});
+    glyph.strokes.push_back({{{4, 8}, {9, 8}}, kBranch, 0.8});
     box(1.5, 1.5, kTop);
     box(9, 6, kBelow);
     box(9, 11, kBelow);

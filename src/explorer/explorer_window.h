@@ -88,6 +88,9 @@ class ExplorerWindow : public ui::Form {
     }
 
   protected:
+    /// The key of the explorers' own picture.
+    static constexpr std::u16string_view kInformationIcon = u"QuorelExplorer";
+
     /// Makes the controls beside the tree, which is there already.
     void build(ui::Control& tree);
     [[nodiscard]] controls::Elastic& vsElastic1() noexcept { return *elastic_; }

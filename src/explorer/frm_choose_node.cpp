@@ -12,9 +12,9 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr ui::Size kFirstSize{6000_tw, 6000_tw};
+constexpr ui::Size kChooserSize{6000_tw, 6000_tw};
 constexpr ui::Size kLeastSize{3000_tw, 2250_tw};
-constexpr Twips kMargin = 120_tw;
+constexpr Twips kChooserMargin = 120_tw;
 constexpr ui::Size kButton{1200_tw, 375_tw};
 
 }  // namespace
@@ -40,7 +40,7 @@ frmChooseNode::frmChooseNode(ui::Desktop& desktop)
     });
     onResize.connect([this] { place(); });
     setMinimumClientSize(kLeastSize);
-    setClientSize(kFirstSize);
+    setClientSize(kChooserSize);
     list_.list().focus();
 }
 
@@ -57,12 +57,12 @@ void frmChooseNode::OK_Click() {
 
 void frmChooseNode::place() {
     const ui::Size area = clientSize();
-    const Twips buttons = area.height - kMargin - kButton.height;
-    list_.setBounds(
-        {kMargin, kMargin, std::max(area.width - kMargin * 2, 0_tw), std::max(buttons - kMargin * 2, 0_tw)});
-    const Twips cancel = area.width - kMargin - kButton.width;
+    const Twips buttons = area.height - kChooserMargin - kButton.height;
+    list_.setBounds({kChooserMargin, kChooserMargin, std::max(area.width - kChooserMargin * 2, 0_tw),
+                     std::max(buttons - kChooserMargin * 2, 0_tw)});
+    const Twips cancel = area.width - kChooserMargin - kButton.width;
     cancelButton_.setBounds({cancel, buttons, kButton.width, kButton.height});
-    okButton_.setBounds({cancel - kMargin - kButton.width, buttons, kButton.width, kButton.height});
+    okButton_.setBounds({cancel - kChooserMargin - kButton.width, buttons, kButton.width, kButton.height});
 }
 
 }  // namespace quorel::explorer

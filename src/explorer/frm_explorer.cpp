@@ -10,7 +10,6 @@ using automation::Object;
 namespace {
 
 constexpr std::u16string_view kInformationPane = u"ID:1";
-constexpr std::u16string_view kInformationIcon = u"QuorelExplorer";
 constexpr std::u16string_view kInformationTab = u"Info";
 constexpr std::int32_t kGreetingPoints = 15;
 constexpr std::int32_t kSummaryPoints = 10;

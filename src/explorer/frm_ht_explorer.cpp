@@ -9,12 +9,6 @@ using automation::Object;
 using controls::kLinkEntry;
 using controls::kNodeEntry;
 
-namespace {
-
-constexpr std::u16string_view kInformationIcon = u"QuorelExplorer";
-
-}  // namespace
-
 frmHTExplorer::frmHTExplorer(const frame::Environment& environment)
     : ExplorerWindow(environment, u"frmHTExplorer"),
       tree_(vsElastic1().add<controls::HierarchyTreeView>(u"HierarchyTreeView1", environment.desktop)) {

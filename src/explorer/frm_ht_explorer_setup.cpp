@@ -20,7 +20,7 @@ using controls::valueText;
 
 namespace {
 
-constexpr std::u16string_view kTitle = u"Setup explorer";
+constexpr std::u16string_view kProgressTitle = u"Setup explorer";
 constexpr std::u16string_view kProperties = u"Properties";
 constexpr std::u16string_view kInstances = u"Instances";
 constexpr std::u16string_view kLinks = u"Links";
@@ -166,7 +166,7 @@ void frmHTExplorer::InitProgressBar(const Object& repository) {
     const std::int64_t steps = countOf(repository.get(u"MetaNodes").toObject()) * 2 +
                                countOf(repository.get(u"MetaLinks").toObject());
     const Object progress = progress_;
-    progress.call(u"newTitle", kTitle);
+    progress.call(u"newTitle", kProgressTitle);
     progress.call(u"newText", u"Exploring " + name);
     progress.call(u"newCaption", text());
     progress.call(

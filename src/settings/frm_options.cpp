@@ -17,7 +17,6 @@ using automation::Value;
 namespace {
 
 constexpr std::u16string_view kMaxEntrysOnTab = u"MaxEntrysOnTab";
-constexpr std::int32_t kFirstMaxEntrys = 16;
 constexpr std::int32_t kYesNo = 4, kWarning = 48;
 /// A box that asks about more files than this names no more.
 constexpr std::size_t kMostComplaints = 8;

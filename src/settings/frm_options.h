@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -64,6 +65,8 @@ class frmOptions final : public ui::Form {
 
   private:
     using Editors = std::vector<std::unique_ptr<SettingEditor>>;
+
+    static constexpr std::int32_t kFirstMaxEntrys = 16;
 
     void Form_Load();
     void Form_KeyDown(ui::KeyEvent& event);

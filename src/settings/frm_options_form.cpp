@@ -19,9 +19,8 @@ namespace {
 
 constexpr std::u16string_view kTabByDesign = u"General";
 constexpr ui::Twips kColumnLeft = 120_tw;
-constexpr std::int32_t kFirstMaxEntrys = 16;
 /// Between the edges of a page and what is on it.
-constexpr ui::Twips kPageMargin = 150_tw;
+constexpr ui::Twips kPageInset = 150_tw;
 
 }  // namespace
 
@@ -90,7 +89,7 @@ void frmOptions::makeTabs(const SettingFormPlan& plan) {
         pages_.push_back(
             &tbsOptions_.add<ui::ScrollPanel>(u"picOptions(" + automation::decimal(index) + u")"));
         pages_.back()->setVisible(index == 0);
-        pageSizes_.push_back({tab.page.width + kPageMargin * 2, tab.page.height + kPageMargin * 2});
+        pageSizes_.push_back({tab.page.width + kPageInset * 2, tab.page.height + kPageInset * 2});
     }
     tbsOptions_.setTabs(std::move(tabs));
 }
@@ -98,8 +97,8 @@ void frmOptions::makeTabs(const SettingFormPlan& plan) {
 void frmOptions::makeEditor(const SettingRecord& record, const PlannedEntry& entry,
                             const FormMeasures& measures) {
     PlannedEntry placed = entry;
-    placed.bounds.left += kPageMargin;
-    placed.bounds.top += kPageMargin;
+    placed.bounds.left += kPageInset;
+    placed.bounds.top += kPageInset;
     const EntryLayout parts = layoutEntry(placed, measures);
     auto owned = std::make_unique<SettingEditor>();
     SettingEditor& editor = *owned;

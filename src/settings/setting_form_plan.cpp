@@ -19,11 +19,11 @@ constexpr std::u16string_view kFile = u"file";
 constexpr std::size_t kFilePrefix = 5;
 
 /// What a text box and a button need around a line of text.
-constexpr Twips kPadding = 120_tw;
+constexpr Twips kBoxPadding = 120_tw;
 constexpr Twips kRowGap = 90_tw;
 constexpr Twips kMarkWidth = 45_tw;
 constexpr Twips kMarkGap = 75_tw;
-constexpr Twips kGap = 90_tw;
+constexpr Twips kBesideBox = 90_tw;
 /// Before the text of a check box.
 constexpr Twips kCheckMark = 330_tw;
 constexpr std::int32_t kMostCaptionLines = 6;
@@ -53,26 +53,27 @@ struct PageState {
 }
 
 [[nodiscard]] Twips captionWidthOf(const SettingRecord& record, const FormMeasures& measures) {
-    return std::min(measures.captionSize(record.caption(), std::nullopt).width + kGap,
+    return std::min(measures.captionSize(record.caption(), std::nullopt).width + kBesideBox,
                     widestCaption(measures));
 }
 
 [[nodiscard]] Twips rowHeight(const SettingRecord& record, EditKind kind, Twips captionWidth,
                               const FormMeasures& measures) {
-    const Twips width = kind == EditKind::Boolean ? controlWidth(measures) - kCheckMark : captionWidth - kGap;
+    const Twips width =
+        kind == EditKind::Boolean ? controlWidth(measures) - kCheckMark : captionWidth - kBesideBox;
     const Twips needed = measures.captionSize(record.caption(), width).height;
     const Twips most = measures.lineHeight * kMostCaptionLines;
-    return std::max(measures.boxHeight(), std::min(needed, most) + kPadding / 2);
+    return std::max(measures.boxHeight(), std::min(needed, most) + kBoxPadding / 2);
 }
 
 }  // namespace
 
 Twips FormMeasures::boxHeight() const noexcept {
-    return lineHeight + kPadding;
+    return lineHeight + kBoxPadding;
 }
 
 Twips controlWidth(const FormMeasures& measures) noexcept {
-    return rowWidth(measures) - kMarkWidth - kMarkGap - measures.boxHeight() - kGap;
+    return rowWidth(measures) - kMarkWidth - kMarkGap - measures.boxHeight() - kBesideBox;
 }
 
 EditKind editKindOf(std::u16string_view editType) noexcept {
@@ -154,11 +155,12 @@ EntryLayout layoutEntry(const PlannedEntry& entry, const FormMeasures& measures)
     const Twips box = measures.boxHeight();
     EntryLayout layout;
     layout.mark = {row.left, row.top, kMarkWidth, row.height};
-    layout.reset = {right + kGap, row.top, box, box};
+    layout.reset = {right + kBesideBox, row.top, box, box};
     layout.control = {left, row.top, right - left, row.height};
     if (entry.kind == EditKind::Text || entry.kind == EditKind::Show) {
         // The first line of the caption stands beside the text.
-        layout.caption = {left, row.top + kPadding / 2, entry.captionWidth - kGap, row.height - kPadding / 2};
+        layout.caption = {left, row.top + kBoxPadding / 2, entry.captionWidth - kBesideBox,
+                          row.height - kBoxPadding / 2};
         layout.control = {left + entry.captionWidth, row.top, right - left - entry.captionWidth, box};
     }
     return layout;

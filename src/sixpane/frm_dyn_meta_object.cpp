@@ -11,7 +11,7 @@ namespace quorel::sixpane {
 using namespace ui::literals;
 
 namespace {
-constexpr ui::Size kFirstSize{6300_tw, 3000_tw};
+constexpr ui::Size kMetaObjectSize{6300_tw, 3000_tw};
 }  // namespace
 
 frmDynMetaObject::frmDynMetaObject(ui::Desktop& desktop)
@@ -38,7 +38,7 @@ frmDynMetaObject::frmDynMetaObject(ui::Desktop& desktop)
     onQueryUnload.connect([this](bool&) { ok_ = false; });
     onResize.connect([this] { place(); });
     setMinimumClientSize(leastDynMetaObjectSize(desktop.textSize(u"Xg").height, labelWidth()));
-    setClientSize(kFirstSize);
+    setClientSize(kMetaObjectSize);
     place();
 }
 

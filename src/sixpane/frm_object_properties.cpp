@@ -14,12 +14,12 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr Twips kMargin = 135_tw;
-constexpr Twips kButtonWidth = 1200_tw;
-constexpr Twips kButtonPadding = 135_tw;
+constexpr Twips kRowsMargin = 135_tw;
+constexpr Twips kCloseWidth = 1200_tw;
+constexpr Twips kClosePadding = 135_tw;
 constexpr Twips kNameColumn = 2100_tw;
 constexpr Twips kScrollBarRoom = 330_tw;
-constexpr ui::Size kFirstSize{6600_tw, 4800_tw};
+constexpr ui::Size kPropertiesSize{6600_tw, 4800_tw};
 constexpr ui::Size kLeastSize{3000_tw, 2100_tw};
 constexpr ui::KeyChord kCopyKey{ui::key('C'), ui::Modifiers::Control};
 
@@ -39,8 +39,8 @@ frmObjectProperties::frmObjectProperties(ui::Desktop& desktop)
     list_.contextMenu().add(u"Copy", u"&Copy", kCopyKey).onClick.connect([this] { copy(); });
     onResize.connect([this] { place(); });
     setMinimumClientSize(kLeastSize);
-    setClientSize(kFirstSize);
-    const Twips valueWidth = kFirstSize.width - kMargin * 2 - kNameColumn - kScrollBarRoom;
+    setClientSize(kPropertiesSize);
+    const Twips valueWidth = kPropertiesSize.width - kRowsMargin * 2 - kNameColumn - kScrollBarRoom;
     list_.setColumns({{u"Property", kNameColumn}, {u"Value", valueWidth}});
 }
 
@@ -65,10 +65,10 @@ std::u16string frmObjectProperties::cellText(std::size_t row, std::size_t column
 
 void frmObjectProperties::place() {
     const ui::Size client = clientSize();
-    const Twips buttonHeight = desktop().textSize(u"Xg").height + kButtonPadding;
-    const Twips buttonTop = client.height - kMargin - buttonHeight;
-    list_.setBounds({kMargin, kMargin, client.width - kMargin * 2, buttonTop - kMargin * 2});
-    close_.setBounds({client.width - kMargin - kButtonWidth, buttonTop, kButtonWidth, buttonHeight});
+    const Twips buttonHeight = desktop().textSize(u"Xg").height + kClosePadding;
+    const Twips buttonTop = client.height - kRowsMargin - buttonHeight;
+    list_.setBounds({kRowsMargin, kRowsMargin, client.width - kRowsMargin * 2, buttonTop - kRowsMargin * 2});
+    close_.setBounds({client.width - kRowsMargin - kCloseWidth, buttonTop, kCloseWidth, buttonHeight});
 }
 
 void frmObjectProperties::keyDown(ui::KeyEvent& event) {

@@ -11,7 +11,7 @@ using namespace ui::literals;
 
 namespace {
 constexpr std::u16string_view kTitle = u"Six-Pane Browser";
-constexpr ui::Size kFirstSize{14400_tw, 9000_tw};
+constexpr ui::Size kSixPaneSize{14400_tw, 9000_tw};
 constexpr std::u16string_view kNamespace = u"SixPane";
 }  // namespace
 
@@ -28,7 +28,7 @@ frmSixPane::frmSixPane(const frame::Environment& environment)
     onUnload.connect([this] { Form_Unload(); });
     onResize.connect([this] { Form_Resize(); });
     setMinimumClientSize(leastSixPaneSize(desktop().textSize(u"Xg").height));
-    setClientSize(kFirstSize);
+    setClientSize(kSixPaneSize);
 }
 
 frmSixPane::~frmSixPane() {
@@ -159,7 +159,7 @@ void frmSixPane::restorePlacement() {
 void frmSixPane::savePlacement() {
     if (!wasShown_)
         return;
-    const Placement former = readPlacement(environment_.settings).value_or(Placement{{{}, kFirstSize}, {}});
+    const Placement former = readPlacement(environment_.settings).value_or(Placement{{{}, kSixPaneSize}, {}});
     writePlacement(environment_.settings, {frame::placementOf(*this, former.window), splits_});
 }
 

@@ -11,7 +11,7 @@ using ui::Size;
 using ui::Twips;
 using namespace ui::literals;
 
-constexpr Twips kMargin = 90_tw;
+constexpr Twips kPaneMargin = 90_tw;
 constexpr Twips kSplitter = 75_tw;
 constexpr Twips kCaptionPadding = 45_tw;
 constexpr Twips kButtonPadding = 105_tw;
@@ -27,8 +27,8 @@ struct Room {
 };
 
 Room roomFor(Size client, Twips lineHeight) noexcept {
-    return {std::max(client.width - kMargin * 2 - kSplitter * 2, 0_tw),
-            std::max(client.height - kMargin - kSplitter - (lineHeight + kStatusPadding), 0_tw)};
+    return {std::max(client.width - kPaneMargin * 2 - kSplitter * 2, 0_tw),
+            std::max(client.height - kPaneMargin - kSplitter - (lineHeight + kStatusPadding), 0_tw)};
 }
 
 Twips share(Twips room, std::int32_t split) noexcept {
@@ -90,18 +90,18 @@ SixPaneLayout layoutSixPane(Size client, Twips lineHeight, const Splits& splits)
     const Room room = roomFor(client, lineHeight);
     const std::array<Twips, 3> ends = columnEnds(room.width, splits);
     SixPaneLayout layout;
-    Twips left = kMargin;
+    Twips left = kPaneMargin;
     Twips previousEnd = 0_tw;
     for (std::size_t column = 0; column < 3; ++column) {
         const Twips width = ends[column] - previousEnd;
         const Twips upper = upperHeight(room.height, splits.rows[column]);
-        const Twips splitterTop = kMargin + upper;
-        placePane(layout, 2 * column, {left, kMargin, width, upper}, lineHeight);
+        const Twips splitterTop = kPaneMargin + upper;
+        placePane(layout, 2 * column, {left, kPaneMargin, width, upper}, lineHeight);
         layout.rowSplitters[column] = {left, splitterTop, width, kSplitter};
         placeInstances(layout, column, {left, splitterTop + kSplitter, width, room.height - upper},
                        lineHeight);
         if (column < 2)
-            layout.columnSplitters[column] = {left + width, kMargin, kSplitter, room.height + kSplitter};
+            layout.columnSplitters[column] = {left + width, kPaneMargin, kSplitter, room.height + kSplitter};
         left += width + kSplitter;
         previousEnd = ends[column];
     }
@@ -121,15 +121,15 @@ std::array<Twips, kPaneCount> sharePanels(Twips width, const std::array<Twips, k
 }
 
 Size leastSixPaneSize(Twips lineHeight) noexcept {
-    return {kLeastPaneWidth * 3 + kSplitter * 2 + kMargin * 2,
-            kLeastPaneHeight * 2 + kSplitter + kMargin + lineHeight + kStatusPadding};
+    return {kLeastPaneWidth * 3 + kSplitter * 2 + kPaneMargin * 2,
+            kLeastPaneHeight * 2 + kSplitter + kPaneMargin + lineHeight + kStatusPadding};
 }
 
 Splits withColumnSplit(const Splits& splits, std::size_t splitter, Twips left, Size client) noexcept {
     const Twips room = roomFor(client, 0_tw).width;
     Splits result = splits;
     const bool isFirst = splitter == 0;
-    const Twips wanted = left - kMargin - (isFirst ? 0_tw : kSplitter);
+    const Twips wanted = left - kPaneMargin - (isFirst ? 0_tw : kSplitter);
     const std::array<Twips, 3> ends = columnEnds(room, splits);
     Twips end = bounded(wanted, room, kLeastPaneWidth, isFirst ? 1 : 2, isFirst ? 2 : 1);
     // The other splitter does not move along.
@@ -143,7 +143,7 @@ Splits withRowSplit(const Splits& splits, std::size_t column, Twips top, Size cl
                     Twips lineHeight) noexcept {
     const Twips room = roomFor(client, lineHeight).height;
     Splits result = splits;
-    result.rows[column] = splitOf(bounded(top - kMargin, room, kLeastPaneHeight, 1, 1), room);
+    result.rows[column] = splitOf(bounded(top - kPaneMargin, room, kLeastPaneHeight, 1, 1), room);
     return result;
 }
 

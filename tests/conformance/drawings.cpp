@@ -70,7 +70,7 @@ constexpr ui::Point kAt{{300}, {450}}, kThere{{1500}, {900}}, kOutside{{-150}, {
            outer.bottom() >= inner.bottom();
 }
 
-struct Trigger {
+struct DrawingTrigger {
     const char* name;
     std::function<void(Drawing&, std::function<void()>)> connect;
     std::function<void(Backend&, Drawing&)> act;
@@ -83,7 +83,7 @@ void hear(Event& event, const Handler& handler) {
     event.connect([handler](const MouseEvent&) { handler(); });
 }
 
-[[nodiscard]] std::vector<Trigger> mouseTriggers() {
+[[nodiscard]] std::vector<DrawingTrigger> mouseTriggers() {
     return {
         {"down", [](Drawing& d, Handler h) { hear(d.area.onMouseDown, h); },
          [](Backend& b, Drawing& d) { b.pressMouse(d.area, kAt); }},
@@ -113,8 +113,8 @@ void hear(Event& event, const Handler& handler) {
     };
 }
 
-[[nodiscard]] std::vector<Trigger> triggers() {
-    std::vector<Trigger> all = mouseTriggers();
+[[nodiscard]] std::vector<DrawingTrigger> drawingTriggers() {
+    std::vector<DrawingTrigger> all = mouseTriggers();
     all.push_back({"focus by a click", [](Drawing& d, Handler h) { d.area.onGotFocus.connect(h); },
                    [](Backend& b, Drawing& d) { b.pressMouse(d.area, kAt); }});
     all.push_back({"key",
@@ -142,7 +142,7 @@ class Drawings : public Conformance {
   protected:
     /// Runs `whenHeard` inside each event in turn.
     void sweep(const std::function<void(Drawing&)>& whenHeard) {
-        for (const Trigger& trigger : triggers()) {
+        for (const DrawingTrigger& trigger : drawingTriggers()) {
             SCOPED_TRACE(trigger.name);
             Drawing drawing(backend->desktop());
             drawing.form->show(Modality::Modeless);

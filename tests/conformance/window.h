@@ -55,7 +55,7 @@ struct Window {
     ui::MenuItem& create;
 };
 
-class Conformance : public testing::Test {
+class Conformance : public ::testing::Test {
   protected:
     void TearDown() override;
 

@@ -10,10 +10,10 @@ using ui::Size;
 using ui::Twips;
 using namespace ui::literals;
 
-constexpr Twips kLine = 240_tw;
+constexpr Twips kLineHeight = 240_tw;
 
 TEST(PropertyDialogLayout, GridIsAboveTheRowOfButtons) {
-    const PropertyDialogLayout layout = layoutPropertyDialog({6600_tw, 6000_tw}, kLine);
+    const PropertyDialogLayout layout = layoutPropertyDialog({6600_tw, 6000_tw}, kLineHeight);
     EXPECT_EQ(layout.property, (Rect{0_tw, 0_tw, 6600_tw, 5385_tw}));
     EXPECT_EQ(layout.buttons, (Rect{0_tw, 5385_tw, 6600_tw, 615_tw}));
     EXPECT_EQ(layout.ok, (Rect{3975_tw, 120_tw, 1200_tw, 375_tw}));
@@ -35,12 +35,12 @@ TEST(PropertyDialogLayout, RowIsDirectlyBelowTheGridAtEverySize) {
 }
 
 TEST(PropertyDialogLayout, EverythingFitsAtTheLeastSize) {
-    const Size least = leastPropertyDialogSize(kLine);
-    const PropertyDialogLayout layout = layoutPropertyDialog(least, kLine);
+    const Size least = leastPropertyDialogSize(kLineHeight);
+    const PropertyDialogLayout layout = layoutPropertyDialog(least, kLineHeight);
     EXPECT_GE(layout.ok.left, 0_tw);
     EXPECT_LE(layout.cancel.right(), least.width);
     EXPECT_EQ(layout.buttons.bottom(), least.height);
-    EXPECT_GE(layout.property.height, kLine * 8);
+    EXPECT_GE(layout.property.height, kLineHeight * 8);
 }
 
 }  // namespace

@@ -5,16 +5,13 @@
 
 #include "diagram/layout/coordinates.h"
 #include "diagram/layout/crossings.h"
+#include "diagram/layout/index.h"
 #include "diagram/layout/ordering.h"
 #include "diagram/layout/ranks.h"
 #include "diagram/layout/routes.h"
 
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 bool isEmpty(const Extent& extent) {
     return extent.width <= 0 && extent.height <= 0;

@@ -4,13 +4,10 @@
 #include <array>
 
 #include "diagram/layout/alignment.h"
+#include "diagram/layout/index.h"
 
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 /// The neighbours above (`up`) or below every node, sorted by where they stand.
 Neighbours neighboursOf(const Layered& graph, bool up) {

@@ -7,14 +7,11 @@
 #include <utility>
 
 #include "diagram/layout/crossings.h"
+#include "diagram/layout/index.h"
 #include "diagram/layout/sifting.h"
 
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 /// A walk over the graph from its top or its bottom layer on.
 struct Start {

@@ -4,14 +4,11 @@
 #include <limits>
 
 #include "diagram/layout/adjacency.h"
+#include "diagram/layout/index.h"
 #include "diagram/layout/rank_tree.h"
 
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 /// Ranks that are feasible, and a spanning tree of edges that are as short as they may be, improved edge by
 /// edge.

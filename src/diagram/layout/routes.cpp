@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
+#include "diagram/layout/index.h"
+
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 /// Where the lines of one side of a box end: as near to where they lead as can be, in order, and `gap` apart
 /// if the box is wide enough.

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
+#include "diagram/layout/index.h"
+
 namespace quorel::diagram::layout {
 namespace {
-
-std::size_t at(int number) {
-    return static_cast<std::size_t>(number);
-}
 
 /// For two sorted runs: the crossings that there are more if the first node, now on the left, passes the
 /// second.

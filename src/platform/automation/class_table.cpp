@@ -18,13 +18,9 @@ bool asks(InvokeKind kind, InvokeKind wanted) noexcept {
     return (static_cast<std::uint16_t>(kind) & static_cast<std::uint16_t>(wanted)) != 0;
 }
 
-[[noreturn]] void raise(std::int32_t number) {
-    throw Error(number);
-}
-
 const Value& defaultOf(const Parameter& parameter, bool skipped) {
     if (!parameter.defaultValue)
-        raise(skipped ? error_number::kArgumentNotOptional : error_number::kWrongArgumentCount);
+        throw Error(skipped ? error_number::kArgumentNotOptional : error_number::kWrongArgumentCount);
     return *parameter.defaultValue;
 }
 
@@ -55,7 +51,7 @@ Value callFilled(const MemberFunction& function, NativeObject& object,
 
 Value callMethod(const MemberInfo& member, NativeObject& object, std::span<Argument> arguments) {
     if (arguments.size() > member.parameters.size())
-        raise(error_number::kWrongArgumentCount);
+        throw Error(error_number::kWrongArgumentCount);
     return callFilled(member.method, object, member.parameters, arguments, nullptr);
 }
 
@@ -66,7 +62,7 @@ Value readProperty(const MemberInfo& member, NativeObject& object, std::span<Arg
     const Value value = callFilled(member.get, object, member.parameters, arguments.first(count), nullptr);
     const auto* const result = value.getIf<Object>();
     if (result == nullptr)
-        raise(error_number::kWrongArgumentCount);
+        throw Error(error_number::kWrongArgumentCount);
     return result->invoke(MemberId::Default, InvokeKind::Call, arguments.subspan(count));
 }
 
@@ -74,11 +70,11 @@ Value assignProperty(const MemberInfo& member, NativeObject& object, InvokeKind 
                      std::span<Argument> arguments) {
     const bool byReference = asks(kind, InvokeKind::PutRef) && member.putRef;
     if (!byReference && !(asks(kind, InvokeKind::Put) && member.put))
-        raise(error_number::kMemberNotSupported);
+        throw Error(error_number::kMemberNotSupported);
     if (arguments.empty() || arguments.size() > member.parameters.size() + 1)
-        raise(error_number::kWrongArgumentCount);
+        throw Error(error_number::kWrongArgumentCount);
     if (arguments.back().value().isMissing())
-        raise(error_number::kArgumentNotOptional);
+        throw Error(error_number::kArgumentNotOptional);
     const MemberFunction& function = byReference ? member.putRef : member.put;
     if (member.parameters.empty())
         return function(object, arguments);
@@ -130,14 +126,14 @@ Value ClassTable::invoke(NativeObject& object, MemberId id, InvokeKind kind,
                          std::span<Argument> arguments) const {
     const MemberInfo* const member = find(id);
     if (member == nullptr)
-        raise(error_number::kMemberNotSupported);
+        throw Error(error_number::kMemberNotSupported);
     if (asks(kind, InvokeKind::Put) || asks(kind, InvokeKind::PutRef))
         return assignProperty(*member, object, kind, arguments);
     if (asks(kind, InvokeKind::Method) && member->method)
         return callMethod(*member, object, arguments);
     if (asks(kind, InvokeKind::Get) && member->get)
         return readProperty(*member, object, arguments);
-    raise(error_number::kMemberNotSupported);
+    throw Error(error_number::kMemberNotSupported);
 }
 
 }  // namespace quorel::automation

@@ -13,7 +13,7 @@ using automation::Object;
 using automation::Value;
 
 namespace {
-constexpr ui::Twips kPadding{120};
+constexpr ui::Twips kComboPadding{120};
 }
 
 Combo::Combo(std::u16string_view name, ui::Desktop& desktop)
@@ -139,7 +139,7 @@ void Combo::boundsChanged() {
 }
 
 ui::Twips Combo::neededHeight() const {
-    return desktop_.textSize(u"Xg").height + kPadding;
+    return desktop_.textSize(u"Xg").height + kComboPadding;
 }
 
 }  // namespace quorel::controls

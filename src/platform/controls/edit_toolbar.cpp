@@ -11,7 +11,7 @@ using namespace ui::literals;
 namespace {
 
 constexpr ui::Twips kButton = 390_tw;
-constexpr ui::Twips kGap = 30_tw;
+constexpr ui::Twips kBesideButton = 30_tw;
 
 struct Traits {
     EditCommand command;
@@ -71,14 +71,14 @@ bool EditToolbar::runKey(ui::KeyChord chord) {
 }
 
 ui::Twips EditToolbar::neededHeight() noexcept {
-    return kButton + kGap * 2;
+    return kButton + kBesideButton * 2;
 }
 
 void EditToolbar::boundsChanged() {
-    ui::Twips left = kGap;
+    ui::Twips left = kBesideButton;
     for (ui::Button* const each : buttons_) {
-        each->setBounds({left, kGap, kButton, kButton});
-        left += kButton + kGap;
+        each->setBounds({left, kBesideButton, kButton, kButton});
+        left += kButton + kBesideButton;
     }
 }
 

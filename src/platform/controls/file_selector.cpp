@@ -12,8 +12,8 @@ using ui::Twips;
 using namespace ui::literals;
 
 namespace {
-constexpr Twips kPadding = 120_tw;
-constexpr Twips kGap = 90_tw;
+constexpr Twips kSelectorPadding = 120_tw;
+constexpr Twips kBeforeBox = 90_tw;
 constexpr Twips kButtonGap = 45_tw;
 }  // namespace
 
@@ -80,14 +80,14 @@ void FileSelector::boundsChanged() {
     const Twips height = std::min(bounds().height, neededHeight());
     const Twips boxLeft = std::clamp(captionWidth_.value_or(width / 3), 0_tw, std::max(width, 0_tw));
     const Twips boxRight = selection_->canBrowse() ? width - height - kButtonGap : width;
-    caption_->setBounds(
-        {0_tw, kPadding / 2, std::max(boxLeft - kGap, 0_tw), std::max(bounds().height - kPadding / 2, 0_tw)});
+    caption_->setBounds({0_tw, kSelectorPadding / 2, std::max(boxLeft - kBeforeBox, 0_tw),
+                         std::max(bounds().height - kSelectorPadding / 2, 0_tw)});
     box_->setBounds({boxLeft, 0_tw, std::max(boxRight - boxLeft, 0_tw), height});
     button_->setBounds({std::max(width - height, 0_tw), 0_tw, height, height});
 }
 
 Twips FileSelector::neededHeight() const {
-    return desktop_.textSize(u"Xg").height + kPadding;
+    return desktop_.textSize(u"Xg").height + kSelectorPadding;
 }
 
 }  // namespace quorel::controls

@@ -5,6 +5,7 @@
 #include "platform/automation/calls.h"
 #include "platform/automation/text.h"
 #include "platform/controls/cell_text.h"
+#include "platform/controls/control_parts.h"
 #include "platform/controls/list_view_layout.h"
 #include "platform/controls/list_view_overtaken.h"
 #include "platform/ui/form.h"
@@ -18,13 +19,6 @@ using automation::Object;
 
 constexpr ui::Twips kNameWidth{2400};
 constexpr ui::Twips kOtherWidth{1500};
-constexpr ui::Twips kScrollBarRoom{330};
-
-[[nodiscard]] std::u16string suffixed(std::u16string_view name, std::u16string_view suffix) {
-    std::u16string result(name);
-    result += suffix;
-    return result;
-}
 
 }  // namespace
 

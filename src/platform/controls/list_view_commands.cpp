@@ -1,4 +1,5 @@
 #include "platform/controls/cell_text.h"
+#include "platform/controls/control_parts.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/list_view_overtaken.h"
 #include "platform/ui/form.h"
@@ -14,7 +15,6 @@ using ui::Key;
 using ui::KeyChord;
 using ui::Modifiers;
 
-constexpr KeyChord kCopyKey{ui::key('C'), Modifiers::Control};
 constexpr KeyChord kFilterKey{ui::key('F'), Modifiers::Control};
 
 }  // namespace

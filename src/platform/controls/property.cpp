@@ -5,6 +5,7 @@
 
 #include "platform/automation/text.h"
 #include "platform/controls/cell_text.h"
+#include "platform/controls/control_parts.h"
 #include "platform/controls/property_layout.h"
 #include "platform/ui/check_box.h"
 #include "platform/ui/combo_box.h"
@@ -19,7 +20,6 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr Twips kScrollBarRoom = 330_tw;
 constexpr Twips kLeastColumn = 600_tw;
 constexpr ui::Colour kRefusedText{176, 0, 0};
 constexpr ui::Colour kLockedText{96, 96, 96};
@@ -36,12 +36,6 @@ constexpr std::u16string_view kFoldedMark = u"+ ";
         return std::nullopt;
     return ui::Colour{static_cast<std::uint8_t>(*bits & 0xFF), static_cast<std::uint8_t>(*bits >> 8 & 0xFF),
                       static_cast<std::uint8_t>(*bits >> 16 & 0xFF)};
-}
-
-[[nodiscard]] std::u16string suffixed(std::u16string_view name, std::u16string_view suffix) {
-    std::u16string text(name);
-    text += suffix;
-    return text;
 }
 
 }  // namespace

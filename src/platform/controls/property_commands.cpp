@@ -1,6 +1,7 @@
 // What keys and the context menu do on the lines of a property grid.
 
 #include "platform/controls/cell_text.h"
+#include "platform/controls/control_parts.h"
 #include "platform/controls/property.h"
 #include "platform/controls/property_file.h"
 #include "platform/ui/form.h"
@@ -15,7 +16,6 @@ using ui::Modifiers;
 
 namespace {
 
-constexpr KeyChord kCopyKey{ui::key('C'), Modifiers::Control};
 constexpr KeyChord kSearchKey{ui::key('F'), Modifiers::Control};
 constexpr KeyChord kRevertKey{ui::key('Z'), Modifiers::Control};
 [[nodiscard]] bool opensPicker(KeyChord chord) noexcept {

@@ -10,9 +10,9 @@ using namespace ui::literals;
 
 namespace {
 
-constexpr Twips kGap = 60_tw;
+constexpr Twips kPartGap = 60_tw;
 /// What a box needs around a line of text.
-constexpr Twips kPadding = 105_tw;
+constexpr Twips kSearchPadding = 105_tw;
 constexpr std::int32_t kDescriptionLines = 3;
 /// As many rows stay visible before the description gets any room.
 constexpr std::int32_t kLeastRows = 4;
@@ -22,7 +22,7 @@ constexpr Twips kRowPadding = 60_tw;
 constexpr Twips kHeaderPadding = 165_tw;
 constexpr Twips kButtonWidth = 375_tw;
 /// Brings the description under the text of the list.
-constexpr Twips kTextInset = 90_tw;
+constexpr Twips kDescriptionInset = 90_tw;
 
 [[nodiscard]] Twips positive(Twips length) {
     return std::max(length, 0_tw);
@@ -33,15 +33,15 @@ constexpr Twips kTextInset = 90_tw;
 PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept {
     const Twips width = positive(size.width);
     const Twips height = positive(size.height);
-    const Twips searchHeight = std::min(lineHeight + kPadding, height);
-    const Twips listTop = std::min(searchHeight + kGap, height);
-    const Twips wanted = kGap + lineHeight * (1 + kDescriptionLines);
-    const Twips spare = positive(height - listTop - lineHeight * kLeastRows - kGap);
-    const Twips below = spare < kGap + lineHeight * 2 ? 0_tw : std::min(wanted, spare);
+    const Twips searchHeight = std::min(lineHeight + kSearchPadding, height);
+    const Twips listTop = std::min(searchHeight + kPartGap, height);
+    const Twips wanted = kPartGap + lineHeight * (1 + kDescriptionLines);
+    const Twips spare = positive(height - listTop - lineHeight * kLeastRows - kPartGap);
+    const Twips below = spare < kPartGap + lineHeight * 2 ? 0_tw : std::min(wanted, spare);
     const Rect list{0_tw, listTop, width, height - listTop - below};
-    const Twips titleTop = list.bottom() + std::min(kGap, below);
+    const Twips titleTop = list.bottom() + std::min(kPartGap, below);
     const Twips titleHeight = below == 0_tw ? 0_tw : lineHeight;
-    const Twips inset = std::min(kTextInset, width / 2);
+    const Twips inset = std::min(kDescriptionInset, width / 2);
     const Rect title{inset, titleTop, width - inset * 2, titleHeight};
     return {{0_tw, 0_tw, width, searchHeight},
             list,
@@ -52,7 +52,7 @@ PropertyLayout layoutProperty(ui::Size size, ui::Twips lineHeight) noexcept {
 Twips neededPropertyHeight(std::size_t lines, Twips lineHeight) noexcept {
     const auto rows = static_cast<std::int32_t>(std::clamp<std::size_t>(lines, kLeastRows, kMostRows));
     const Twips list = (lineHeight + kRowPadding) * rows + lineHeight + kHeaderPadding;
-    return lineHeight + kPadding + kGap + list + kGap + lineHeight * (1 + kDescriptionLines);
+    return lineHeight + kSearchPadding + kPartGap + list + kPartGap + lineHeight * (1 + kDescriptionLines);
 }
 
 EditorLayout layoutEditor(const ui::Rect& cell, const ui::Rect& list, ui::Twips lineHeight,
@@ -63,7 +63,7 @@ EditorLayout layoutEditor(const ui::Rect& cell, const ui::Rect& list, ui::Twips 
     const Twips top = std::clamp(cell.top, list.top, list.bottom() - height);
     const Twips button = wants.button ? std::min(kButtonWidth, right - left) : 0_tw;
     const Rect box{left, top, right - left - button, height};
-    const Twips messageHeight = wants.messageLines > 0 ? lineHeight * wants.messageLines + kGap : 0_tw;
+    const Twips messageHeight = wants.messageLines > 0 ? lineHeight * wants.messageLines + kPartGap : 0_tw;
     const bool below = box.bottom() + messageHeight <= list.bottom();
     const Twips messageTop = below ? box.bottom() : std::max(box.top - messageHeight, list.top);
     return {box,

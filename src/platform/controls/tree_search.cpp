@@ -9,7 +9,7 @@ namespace quorel::controls {
 using automation::Object;
 
 namespace {
-constexpr std::size_t kBatch = 64;
+constexpr std::size_t kSearchBatch = 64;
 }
 
 TreeSearch::TreeSearch(std::shared_ptr<const TreeDescription> root, Object repository,
@@ -95,7 +95,7 @@ TreeSearch::EntryPtr TreeSearch::nextInstance() {
     for (;;) {
         if (inBatch_ == batch_.size()) {
             try {
-                batch_.assign(kBatch, {});
+                batch_.assign(kSearchBatch, {});
                 batch_.resize(source_->next(batch_));
             } catch (...) {
                 batch_.clear();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/automation/text.h"
+#include "platform/controls/control_parts.h"
 #include "platform/controls/tree_view_layout.h"
 #include "platform/ui/form.h"
 #include "platform/ui/menu.h"
@@ -17,12 +18,6 @@ using ui::Twips;
 namespace {
 
 constexpr ui::KeyChord kFindChord{ui::key('F'), ui::Modifiers::Control};
-
-[[nodiscard]] std::u16string suffixed(std::u16string_view name, std::u16string_view suffix) {
-    std::u16string text(name);
-    text += suffix;
-    return text;
-}
 
 }  // namespace
 

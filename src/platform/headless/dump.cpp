@@ -20,7 +20,7 @@ namespace quorel::headless {
 namespace {
 
 /// Text in quotes, with what would break a line written as a number.
-[[nodiscard]] std::string quoted(std::u16string_view text) {
+[[nodiscard]] std::string escaped(std::u16string_view text) {
     std::string result = "\"";
     for (const char unit : automation::toUtf8(text)) {
         if (static_cast<unsigned char>(unit) < 0x20) {
@@ -56,7 +56,7 @@ class Describer final : public ui::ControlVisitor {
     void visit(ui::Label& label) override {
         kind = "Label";
         const ui::Font& font = label.font();
-        extra += font.family.empty() ? "" : " font " + quoted(font.family);
+        extra += font.family.empty() ? "" : " font " + escaped(font.family);
         extra += font.points == 0 ? "" : " size " + std::to_string(font.points);
         extra += font.bold ? " bold" : "";
     }
@@ -91,7 +91,7 @@ class Describer final : public ui::ControlVisitor {
         kind = "VirtualList";
         for (const ui::Column& column : list.columns()) {
             extra += extra.empty() ? " (" : " ";
-            extra += quoted(column.title);
+            extra += escaped(column.title);
             extra += column.sort == ui::SortOrder::Ascending    ? "^"
                      : column.sort == ui::SortOrder::Descending ? "v"
                                                                 : "";
@@ -104,7 +104,7 @@ class Describer final : public ui::ControlVisitor {
     void visit(ui::StatusBar& bar) override {
         kind = "StatusBar";
         for (const ui::StatusBar::PanelState& panel : bar.panels())
-            extra += " [" + quoted(panel.text) + "]";
+            extra += " [" + escaped(panel.text) + "]";
     }
     void visit(ui::Splitter& splitter) override {
         kind = "Splitter";
@@ -125,7 +125,7 @@ class Describer final : public ui::ControlVisitor {
         for (std::size_t i = 0; i < strip.tabs().size(); ++i) {
             const ui::TabStrip::Tab& tab = strip.tabs()[i];
             if (tab.visible)
-                extra += (strip.selected() == i ? " [*" : " [") + quoted(tab.caption) + "]";
+                extra += (strip.selected() == i ? " [*" : " [") + escaped(tab.caption) + "]";
         }
         extra += extra.empty() ? " (no tabs)" : "";
     }
@@ -145,7 +145,7 @@ void dumpItems(const ui::Tree& tree, const std::string& indent, std::string& out
              above = tree.parentOf(above))
             out += "  ";
         out += tree.isExpanded(item) ? "- " : tree.mayHaveChildren(item) ? "+ " : ". ";
-        out += quoted(tree.itemText(item));
+        out += escaped(tree.itemText(item));
         const std::u16string& picture = tree.itemPicture(item);
         out += picture.empty() ? "" : " picture " + automation::toUtf8(picture);
         out += tree.isBold(item) ? " bold" : "";
@@ -158,7 +158,7 @@ void dumpMenu(const ui::MenuItem& menu, const std::string& indent, std::string& 
     for (const auto& item : menu.items()) {
         out += indent + (item->isSeparator() ? "---"
                                              : "MenuItem " + automation::toUtf8(item->name()) + " " +
-                                                   quoted(item->caption()));
+                                                   escaped(item->caption()));
         out += item->isVisible() ? "" : " hidden";
         out += item->isEnabled() ? "" : " disabled";
         out += item->isChecked() ? " checked" : "";
@@ -170,7 +170,7 @@ void dumpMenu(const ui::MenuItem& menu, const std::string& indent, std::string& 
 void dumpControl(ui::Control& control, const std::string& indent, std::string& out) {
     Describer describer;
     control.accept(describer);
-    out += indent + describer.kind + " " + automation::toUtf8(control.name()) + " " + quoted(control.text());
+    out += indent + describer.kind + " " + automation::toUtf8(control.name()) + " " + escaped(control.text());
     if (control.parent() != nullptr) {
         const ui::Rect& r = control.bounds();
         out += " [" + number(r.left) + "," + number(r.top) + " " + number(r.width) + "x" + number(r.height) +

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "platform/automation/text.h"
+#include "platform/headless/quoted.h"
 #include "platform/ui/access_key.h"
 #include "platform/ui/drawing_area.h"
 #include "platform/ui/menu.h"
@@ -35,12 +36,6 @@ constexpr std::int32_t kPoints = 8;
         line.remove_prefix(std::min(word + 1, line.size()));
     }
     return lengths;
-}
-
-[[nodiscard]] std::string quoted(std::u16string_view text) {
-    std::string result = "'";
-    result += automation::toUtf8(text);
-    return result += '\'';
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ using ui::Key;
 using ui::KeyChord;
 using ui::Modifiers;
 
-constexpr std::size_t kPage = 20;
+constexpr std::size_t kRowsOfPage = 20;
 constexpr ui::Twips kSplitterStep{150};
 
 [[nodiscard]] bool isHighSurrogate(char16_t unit) {
@@ -57,11 +57,11 @@ constexpr ui::Twips kSplitterStep{150};
         case Key::Up:
             return row > 0 ? row - 1 : 0;
         case Key::PageUp:
-            return row > kPage ? row - kPage : 0;
+            return row > kRowsOfPage ? row - kRowsOfPage : 0;
         case Key::Down:
             return std::min(row + 1, last);
         case Key::PageDown:
-            return std::min(row + kPage, last);
+            return std::min(row + kRowsOfPage, last);
         case Key::End:
             return last;
         default:

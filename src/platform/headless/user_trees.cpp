@@ -1,6 +1,7 @@
 // Trees, tabs and panels that scroll, as the user handles them.
 
 #include "platform/automation/text.h"
+#include "platform/headless/quoted.h"
 #include "platform/headless/user.h"
 #include "platform/ui/dialog_keys.h"
 
@@ -12,13 +13,7 @@ using ui::Key;
 using ui::KeyChord;
 using ui::TreeItemId;
 
-constexpr int kPage = 20;
-
-[[nodiscard]] std::string quoted(std::u16string_view text) {
-    std::string result = "'";
-    result += automation::toUtf8(text);
-    return result += '\'';
-}
+constexpr int kItemsOfPage = 20;
 
 /// As many steps as there are, up to `steps`.
 template <class Step>
@@ -43,9 +38,9 @@ template <class Step>
         case Key::Down:
             return at == TreeItemId::None ? first : walk(at, 1, down);
         case Key::PageUp:
-            return at == TreeItemId::None ? first : walk(at, kPage, up);
+            return at == TreeItemId::None ? first : walk(at, kItemsOfPage, up);
         case Key::PageDown:
-            return at == TreeItemId::None ? first : walk(at, kPage, down);
+            return at == TreeItemId::None ? first : walk(at, kItemsOfPage, down);
         case Key::Home:
             return first;
         case Key::End:

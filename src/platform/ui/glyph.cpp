@@ -9,7 +9,7 @@ namespace quorel::ui {
 
 namespace {
 
-constexpr std::int32_t kMostPixels = 1024;
+constexpr std::int32_t kMostGlyphPixels = 1024;
 
 /// A stroke in pixels.
 struct Outline {
@@ -109,7 +109,7 @@ std::vector<GlyphPoint> glyphArc(GlyphPoint centre, double radius, double from, 
 Picture rasterise(const Glyph& glyph, std::int32_t pixels) {
     if (pixels <= 0)
         return {};
-    const std::int32_t side = std::min(pixels, kMostPixels);
+    const std::int32_t side = std::min(pixels, kMostGlyphPixels);
     Picture picture{side, side, {}};
     picture.rgba.resize(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * 4);
     for (const GlyphStroke& stroke : glyph.strokes) {

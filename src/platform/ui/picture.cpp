@@ -9,7 +9,7 @@ namespace quorel::ui {
 
 namespace {
 
-constexpr std::int32_t kMostPixels = 1 << 14;
+constexpr std::int32_t kMostIconPixels = 1 << 14;
 
 /// The pixels along one axis that make one of the result, and how much each of them counts.
 struct Samples {
@@ -83,8 +83,8 @@ struct Samples {
 }  // namespace
 
 bool isWhole(const Picture& picture) noexcept {
-    return picture.width > 0 && picture.height > 0 && picture.width <= kMostPixels &&
-           picture.height <= kMostPixels &&
+    return picture.width > 0 && picture.height > 0 && picture.width <= kMostIconPixels &&
+           picture.height <= kMostIconPixels &&
            picture.rgba.size() ==
                static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height) * 4;
 }

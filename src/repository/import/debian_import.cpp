@@ -16,11 +16,8 @@ namespace quorel::repository::debian {
 
 namespace {
 
+using automation::fromUtf8;
 using automation::Value;
-
-std::u16string wide(std::string_view text) {
-    return automation::fromUtf8(text);
-}
 
 /// A package by the name others relate to it: packages of the machine's own architecture, or of every one, by
 /// their bare name, those of a foreign one with it.
@@ -115,7 +112,7 @@ class Import {
 
     ElementId addNode(MetaId type, std::string_view name, std::string_view identifier) {
         ++counts_.nodes;
-        return store_.addNode(type, wide(name), wide(identifier));
+        return store_.addNode(type, fromUtf8(name), fromUtf8(identifier));
     }
 
     /// The node of that type and key, made when it is first named.
@@ -132,12 +129,12 @@ class Import {
         ++counts_.links;
         link_.assign(package).append("->").append(target);
         identifier_.assign(relation).append(":").append(link_);
-        return store_.addLink(type, wide(link_), wide(identifier_), from, to);
+        return store_.addLink(type, fromUtf8(link_), fromUtf8(identifier_), from, to);
     }
 
     void set(ElementId node, PropertyId property, std::string_view text) {
         if (!text.empty())
-            store_.setValue(Kind::Node, node, property, wide(text));
+            store_.setValue(Kind::Node, node, property, fromUtf8(text));
     }
 
     void setNumber(ElementId node, PropertyId property, const LineReader& lines, const Field* field) {
@@ -214,7 +211,7 @@ class Import {
         const std::size_t close = text.find(')', open);
         if (open != std::string_view::npos && close != std::string_view::npos)
             store_.setValue(Kind::Link, link, model_.sourceVersion,
-                            wide(text.substr(open + 1, close - open - 1)));
+                            fromUtf8(text.substr(open + 1, close - open - 1)));
     }
 
     /// "Name <address>" is a node with the name and the address apart; the whole text identifies it.
@@ -270,7 +267,7 @@ class Import {
         const ElementId link = addLink(type.link, kRelationFields.at(kind).link, key,
                                        isReal ? target->first : relation.package, node, to);
         if (!relation.constraint.empty())
-            store_.setValue(Kind::Link, link, type.constraint, wide(relation.constraint));
+            store_.setValue(Kind::Link, link, type.constraint, fromUtf8(relation.constraint));
         if (relation.alternative != 0)
             store_.setValue(Kind::Link, link, type.alternative, relation.alternative);
     }
@@ -306,7 +303,7 @@ std::vector<std::filesystem::path> packageLists(const std::filesystem::path& fol
     std::sort(lists.begin(), lists.end());
     if (lists.empty())
         throw failure(automation::error_number::kFileNotFound,
-                      u"There are no package lists in " + inQuotes(wide(shown(folder))) +
+                      u"There are no package lists in " + inQuotes(fromUtf8(shown(folder))) +
                           u"; run  apt-get update  as root to fetch them");
     return lists;
 }

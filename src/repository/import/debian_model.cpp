@@ -6,9 +6,7 @@ namespace quorel::repository::debian {
 
 namespace {
 
-std::u16string wide(std::string_view text) {
-    return automation::fromUtf8(text);
-}
+using automation::fromUtf8;
 
 MetaId addNodeType(Store& store, std::u16string_view name, std::u16string_view description) {
     MetaRecord record;
@@ -21,7 +19,7 @@ MetaId addLinkType(Store& store, std::string_view name, std::u16string_view desc
                    MetaId target) {
     MetaRecord record;
     record.kind = Kind::Link;
-    record.name = wide(name);
+    record.name = fromUtf8(name);
     record.description = description;
     record.source = source;
     record.target = target;
@@ -40,7 +38,7 @@ std::optional<PropertyId> addEnumeration(Store& store, MetaId owner, std::u16str
         return std::nullopt;
     PropertyRecord record{{}, std::u16string(name), DataType::Enumeration, std::u16string(description), {}};
     for (const std::string& value : values)
-        record.values.push_back(wide(value));
+        record.values.push_back(fromUtf8(value));
     return store.addMetaProperty(owner, record);
 }
 

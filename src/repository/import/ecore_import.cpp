@@ -17,11 +17,8 @@ namespace quorel::repository::metamodel {
 
 namespace {
 
+using automation::fromUtf8;
 using namespace ecore;
-
-std::u16string wide(std::string_view text) {
-    return automation::fromUtf8(text);
-}
 
 /// "EClass" of an attribute that says "ecore:EClass".
 std::string_view kindOf(const XmlElement& element) {
@@ -38,10 +35,10 @@ std::string_view identifierOf(const XmlElement& element) {
     return {};
 }
 
-class Reader {
+class EcoreReader {
   public:
-    Reader(const std::vector<std::filesystem::path>& paths, const OpenSource& open,
-           const ReportProgress& report)
+    EcoreReader(const std::vector<std::filesystem::path>& paths, const OpenSource& open,
+                const ReportProgress& report)
         : files_(paths, open, report), index_(files_) {}
 
     Metamodel run() {
@@ -72,7 +69,7 @@ class Reader {
             return declareRoot(root, file);
         if (!isXmi(root.name) || localName(root.name) != "XMI")
             files_.refuse({file, root.line}, u"this is no Ecore model: its outermost element is " +
-                                                 inQuotes(wide(localName(root.name))));
+                                                 inQuotes(fromUtf8(localName(root.name))));
         for (const XmlElement& child : root.children) {
             if (child.name == package)
                 declareRoot(child, file);
@@ -88,7 +85,7 @@ class Reader {
     void declarePackage(const XmlElement& element, std::size_t file, PackageNode& node, bool isNested) {
         const std::size_t package = result_.packages.size();
         result_.packages.push_back(
-            {nameOf(element, file), wide(element.attribute("nsURI")), isNested, false});
+            {nameOf(element, file), fromUtf8(element.attribute("nsURI")), isNested, false});
         index_.addAddress(element.attribute("nsURI"), node);
         countAttributes(element, "package attribute ", {"name", "nsURI", "nsPrefix"});
         for (const XmlElement& child : element.children) {
@@ -148,15 +145,15 @@ class Reader {
         const std::string_view name = element.attribute("name");
         if (name.empty())
             files_.refuse({file, element.line},
-                          u"the element " + inQuotes(wide(localName(element.name))) + u" has no name");
-        return wide(name);
+                          u"the element " + inQuotes(fromUtf8(localName(element.name))) + u" has no name");
+        return fromUtf8(name);
     }
 
     [[nodiscard]] bool flag(const XmlElement& element, std::string_view key, std::size_t file) const {
         const std::string_view value = element.attribute(key);
         const bool isTrue = value == "true" || value == "1";
         if (!isTrue && !value.empty() && value != "false" && value != "0")
-            files_.refuse({file, element.line}, inQuotes(wide(key)) + u" is neither true nor false");
+            files_.refuse({file, element.line}, inQuotes(fromUtf8(key)) + u" is neither true nor false");
         return isTrue;
     }
 
@@ -169,12 +166,12 @@ class Reader {
         const char* const end = value.data() + value.size();
         const auto [stopped, failed] = std::from_chars(value.data(), end, result);
         if (failed != std::errc() || stopped != end)
-            files_.refuse({file, element.line}, inQuotes(wide(key)) + u" is no number");
+            files_.refuse({file, element.line}, inQuotes(fromUtf8(key)) + u" is no number");
         return result;
     }
 
     void countElement(const XmlElement& element) {
-        ++result_.notTaken["element " + automation::toUtf8(inQuotes(wide(localName(element.name))))];
+        ++result_.notTaken["element " + automation::toUtf8(inQuotes(fromUtf8(localName(element.name))))];
     }
 
     /// Counts the attributes but those; what is of a namespace says how the file is written, not what it
@@ -184,7 +181,7 @@ class Reader {
         for (const auto& [name, value] : element.attributes)
             if (name.find(' ') == std::string::npos &&
                 std::find(taken.begin(), taken.end(), name) == taken.end())
-                ++result_.notTaken[what + automation::toUtf8(inQuotes(wide(name)))];
+                ++result_.notTaken[what + automation::toUtf8(inQuotes(fromUtf8(name)))];
     }
 
     /// What the makers wrote of it; other annotations are counted.
@@ -196,7 +193,7 @@ class Reader {
             bool hasOthers = annotation.attribute("source") != kGenModel;
             for (const XmlElement& detail : annotation.children) {
                 if (!hasOthers && detail.name == "details" && detail.attribute("key") == "documentation")
-                    text.append(text.empty() ? u"" : u"\n").append(wide(detail.attribute("value")));
+                    text.append(text.empty() ? u"" : u"\n").append(fromUtf8(detail.attribute("value")));
                 else
                     hasOthers = true;
             }
@@ -215,7 +212,7 @@ class Reader {
             facts.emplace_back(u"enumeration");
         for (const char* key : {"abstract", "interface"})
             if (flag(element, key, file))
-                facts.push_back(wide(key));
+                facts.push_back(fromUtf8(key));
         facts.push_back(packageFact(result_.packages[classifier.package]));
         classifier.description = described(facts, documentation(element));
         countAttributes(element, "classifier attribute ", {"name", "abstract", "interface", "eSuperTypes"});
@@ -257,7 +254,7 @@ class Reader {
 
     Literal literalOf(const XmlElement& element, std::size_t file) {
         const std::u16string name = nameOf(element, file);
-        const std::u16string shown = wide(element.attribute("literal"));
+        const std::u16string shown = fromUtf8(element.attribute("literal"));
         std::vector<std::u16string> facts{u"value " + automation::decimal(number(element, "value", file, 0))};
         if (!shown.empty() && shown != name)
             facts.push_back(u"named " + name);
@@ -333,7 +330,7 @@ class Reader {
             if (child.name == "eOpposite")
                 opposite = child.attribute("href");
         if (!opposite.empty())
-            facts.push_back(u"opposite " + wide(lastPart(opposite)));
+            facts.push_back(u"opposite " + fromUtf8(lastPart(opposite)));
         if (flag(element, "iD", file))
             facts.emplace_back(u"identifies");
         if (flag(element, "derived", file))
@@ -341,7 +338,7 @@ class Reader {
         if (feature.classifier && !feature.isReference)
             facts.push_back(u"one of " + result_.classifiers[*feature.classifier].name);
         if (const std::string_view value = element.attribute("defaultValueLiteral"); !value.empty())
-            facts.push_back(u"default " + wide(value));
+            facts.push_back(u"default " + fromUtf8(value));
         return facts;
     }
 
@@ -355,7 +352,7 @@ class Reader {
     };
 
     static std::u16string shown(const Reference& reference) {
-        return inQuotes(wide(reference.document + "#" + reference.fragment));
+        return inQuotes(fromUtf8(reference.document + "#" + reference.fragment));
     }
 
     /// A class is wanted, or an enumeration or data type.
@@ -410,9 +407,9 @@ class Reader {
             elsewhere_.try_emplace(reference.document + "#" + reference.fragment, result_.classifiers.size());
         if (isNew) {
             Classifier classifier;
-            classifier.name = wide(name.empty() ? std::string_view("unnamed") : name);
+            classifier.name = fromUtf8(name.empty() ? std::string_view("unnamed") : name);
             classifier.package = packageElsewhere(reference.document);
-            classifier.description = u"named here, described in " + wide(reference.document);
+            classifier.description = u"named here, described in " + fromUtf8(reference.document);
             result_.classifiers.push_back(std::move(classifier));
         }
         return {place->second, false, false};
@@ -421,7 +418,7 @@ class Reader {
     std::size_t packageElsewhere(const std::string& document) {
         const auto [place, isNew] = packagesElsewhere_.try_emplace(document, result_.packages.size());
         if (isNew)
-            result_.packages.push_back({wide(lastPart(document)), wide(document), false, true});
+            result_.packages.push_back({fromUtf8(lastPart(document)), fromUtf8(document), false, true});
         return place->second;
     }
 
@@ -438,7 +435,7 @@ class Reader {
 
 Metamodel readEcore(const std::vector<std::filesystem::path>& files, const OpenSource& open,
                     const ReportProgress& report) {
-    return Reader(files, open, report).run();
+    return EcoreReader(files, open, report).run();
 }
 
 }  // namespace quorel::repository::metamodel

@@ -17,29 +17,26 @@ namespace quorel::repository {
 
 namespace {
 
+using automation::fromUtf8;
 using Json = nlohmann::ordered_json;
 
 [[noreturn]] void refuse(std::u16string reason) {
     throw failure(error_number::kBadFileFormat, std::move(reason));
 }
 
-std::u16string wide(std::string_view text) {
-    return automation::fromUtf8(text);
-}
-
 /// Refuses members that the line's kind does not have, so that a slip of the pen is not lost in silence.
 void allow(const Json& object, std::initializer_list<std::string_view> names) {
     for (const auto& [name, value] : object.items())
         if (std::find(names.begin(), names.end(), name) == names.end())
-            refuse(u"there is no member " + inQuotes(wide(name)) + u" here");
+            refuse(u"there is no member " + inQuotes(fromUtf8(name)) + u" here");
 }
 
 std::u16string textMember(const Json& object, const char* name) {
     const auto found = object.find(name);
     if (found == object.end())
-        refuse(u"the member " + inQuotes(wide(name)) + u" is missing");
+        refuse(u"the member " + inQuotes(fromUtf8(name)) + u" is missing");
     if (!found->is_string())
-        refuse(u"the member " + inQuotes(wide(name)) + u" is no text");
+        refuse(u"the member " + inQuotes(fromUtf8(name)) + u" is no text");
     return unsealed(found->get_ref<const std::string&>());
 }
 
@@ -53,7 +50,7 @@ const Json& listMember(const Json& object, const char* name) {
     if (found == object.end())
         return kNone;
     if (!found->is_array())
-        refuse(u"the member " + inQuotes(wide(name)) + u" is no list");
+        refuse(u"the member " + inQuotes(fromUtf8(name)) + u" is no list");
     return *found;
 }
 

@@ -15,8 +15,6 @@ namespace quorel::repository {
 
 namespace {
 
-using Json = nlohmann::json;
-
 /// Goes through a text and counts its lines on the way.
 class CountingIterator {
   public:
@@ -48,9 +46,9 @@ class CountingIterator {
 };
 
 /// Makes the tree of what the parser meets.
-class TreeBuilder final : public nlohmann::json_sax<Json> {
+class JsonTreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
   public:
-    TreeBuilder(const std::string& name, const std::uint64_t& line) : name_(name), line_(line) {}
+    JsonTreeBuilder(const std::string& name, const std::uint64_t& line) : name_(name), line_(line) {}
 
     [[nodiscard]] JsonNode root() { return std::move(root_); }
 
@@ -149,10 +147,10 @@ const JsonNode* JsonNode::member(std::u16string_view key) const {
 JsonNode readJson(std::string_view text, const std::string& name) {
     const std::string sealed = sealSurrogates(text);
     std::uint64_t line = 1;
-    TreeBuilder builder(name, line);
+    JsonTreeBuilder builder(name, line);
     const char* const end = sealed.data() + sealed.size();
-    static_cast<void>(
-        Json::sax_parse(CountingIterator(sealed.data(), &line), CountingIterator(end, &line), &builder));
+    static_cast<void>(nlohmann::json::sax_parse(CountingIterator(sealed.data(), &line),
+                                                CountingIterator(end, &line), &builder));
     return builder.root();
 }
 

@@ -38,10 +38,10 @@ struct Type {
     DataType dataType = DataType::String;
 };
 
-class Reader {
+class ModdleReader {
   public:
-    Reader(const std::vector<std::filesystem::path>& paths, const OpenSource& open,
-           const ReportProgress& report)
+    ModdleReader(const std::vector<std::filesystem::path>& paths, const OpenSource& open,
+                 const ReportProgress& report)
         : files_(paths, open, report) {}
 
     Metamodel run() {
@@ -296,7 +296,7 @@ class Reader {
 
 Metamodel readModdle(const std::vector<std::filesystem::path>& files, const OpenSource& open,
                      const ReportProgress& report) {
-    return Reader(files, open, report).run();
+    return ModdleReader(files, open, report).run();
 }
 
 }  // namespace quorel::repository::metamodel

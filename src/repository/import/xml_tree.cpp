@@ -19,23 +19,24 @@ struct FreeParser {
 };
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser>;
 
-class TreeBuilder {
+class XmlTreeBuilder {
   public:
-    explicit TreeBuilder(const std::string& name) : name_(name), parser_(XML_ParserCreateNS(nullptr, ' ')) {
+    explicit XmlTreeBuilder(const std::string& name)
+        : name_(name), parser_(XML_ParserCreateNS(nullptr, ' ')) {
         if (!parser_)
             throw std::bad_alloc();
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(
             parser_.get(),
             [](void* self, const XML_Char* element, const XML_Char** attributes) {
-                static_cast<TreeBuilder*>(self)->guard(
-                    [&](TreeBuilder& builder) { builder.start(element, attributes); });
+                static_cast<XmlTreeBuilder*>(self)->guard(
+                    [&](XmlTreeBuilder& builder) { builder.start(element, attributes); });
             },
-            [](void* self, const XML_Char*) { static_cast<TreeBuilder*>(self)->open_.pop_back(); });
+            [](void* self, const XML_Char*) { static_cast<XmlTreeBuilder*>(self)->open_.pop_back(); });
         XML_SetStartDoctypeDeclHandler(
             parser_.get(), [](void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-                static_cast<TreeBuilder*>(self)->guard(
-                    [](TreeBuilder& builder) { builder.refuse("a document type is not accepted"); });
+                static_cast<XmlTreeBuilder*>(self)->guard(
+                    [](XmlTreeBuilder& builder) { builder.refuse("a document type is not accepted"); });
             });
     }
 
@@ -94,7 +95,7 @@ std::string_view XmlElement::attribute(std::string_view key) const {
 
 XmlElement readXml(ByteSource& source, const std::string& name,
                    const std::function<void(std::size_t)>& tellRead) {
-    TreeBuilder builder(name);
+    XmlTreeBuilder builder(name);
     std::vector<char> piece(kPiece);
     for (;;) {
         const std::size_t count = source.read(piece.data(), piece.size());

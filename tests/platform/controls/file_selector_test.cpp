@@ -15,7 +15,7 @@ using automation::make;
 using automation::Object;
 using automation::Ref;
 using automation::Value;
-using testing::errorNumber;
+using quorel::testing::errorNumber;
 
 /// Answers what a test has put there and keeps what it was asked.
 class DialogsDouble final : public shell::FileDialogs {
@@ -45,7 +45,7 @@ class DialogsDouble final : public shell::FileDialogs {
 };
 
 struct FileSelectorTest : ::testing::Test {
-    testing::TestWorld world;
+    quorel::testing::TestWorld world;
     DialogsDouble dialogs;
     std::shared_ptr<ui::Form> form = std::make_shared<ui::Form>(world.desktop, u"frmTest");
     FileSelector* selector = &form->add<FileSelector>(u"FileSelector(1)", world.desktop, &dialogs);

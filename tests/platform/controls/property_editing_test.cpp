@@ -8,7 +8,7 @@ namespace {
 
 using automation::Object;
 using automation::Value;
-using testing::errorNumber;
+using quorel::testing::errorNumber;
 using ui::Key;
 using ui::Modifiers;
 using Log = std::vector<std::u16string>;

@@ -43,12 +43,14 @@ class FilesDouble final : public shell::FileDialogs {
 /// A grid in a window with a default and a cancel button, over an object with a property of every kind.
 struct PropertyTest : ::testing::Test {
     using Cells = std::vector<std::vector<std::u16string>>;
-    using Texts = testing::DefinitionDouble::Texts;
+    using Texts = quorel::testing::DefinitionDouble::Texts;
 
-    testing::TestWorld world;
+    quorel::testing::TestWorld world;
     FilesDouble files;
-    automation::Ref<testing::DefinitionsDouble> type = automation::make<testing::DefinitionsDouble>();
-    automation::Ref<testing::PropertiesDouble> node = automation::make<testing::PropertiesDouble>();
+    automation::Ref<quorel::testing::DefinitionsDouble> type =
+        automation::make<quorel::testing::DefinitionsDouble>();
+    automation::Ref<quorel::testing::PropertiesDouble> node =
+        automation::make<quorel::testing::PropertiesDouble>();
     std::shared_ptr<ui::Form> form = std::make_shared<ui::Form>(world.desktop, u"frmTest");
     Property* grid = &form->add<Property>(u"Property1", world.desktop, &files);
     ui::Button* ok = &form->add<ui::Button>(u"OK");

@@ -4,7 +4,7 @@ namespace quorel::controls {
 namespace {
 
 using automation::Value;
-using testing::errorNumber;
+using quorel::testing::errorNumber;
 using ui::Key;
 using ui::Modifiers;
 

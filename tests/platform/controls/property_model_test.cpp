@@ -12,13 +12,13 @@ using automation::make;
 using automation::Object;
 using automation::Ref;
 using automation::Value;
-using testing::errorNumber;
+using quorel::testing::errorNumber;
 using Outcome = PropertyModel::Outcome;
 using Log = std::vector<std::u16string>;
 
 struct PropertyModelTest : ::testing::Test {
-    Ref<testing::DefinitionsDouble> type = make<testing::DefinitionsDouble>();
-    Ref<testing::PropertiesDouble> node = make<testing::PropertiesDouble>();
+    Ref<quorel::testing::DefinitionsDouble> type = make<quorel::testing::DefinitionsDouble>();
+    Ref<quorel::testing::PropertiesDouble> node = make<quorel::testing::PropertiesDouble>();
     std::unique_ptr<PropertyModel> model = std::make_unique<PropertyModel>();
     Log events;
 
@@ -341,7 +341,7 @@ TEST_F(PropertyModelTest, ReadOnlyIsWholeOrOneRow) {
 TEST_F(PropertyModelTest, AnotherObjectForgetsTheEdits) {
     open();
     model->enter(item(1), u"41");
-    const auto other = make<testing::PropertiesDouble>();
+    const auto other = make<quorel::testing::PropertiesDouble>();
     other->values[u"Age"] = 7;
     model->setObject(other);
     item(1)->load();
@@ -351,7 +351,7 @@ TEST_F(PropertyModelTest, AnotherObjectForgetsTheEdits) {
 }
 
 TEST_F(PropertyModelTest, ObjectWithoutGetPropertyIsReadByMembers) {
-    const auto members = make<testing::MembersDouble>();
+    const auto members = make<quorel::testing::MembersDouble>();
     open();
     model->setObject(members);
     item(1)->load();
@@ -366,7 +366,7 @@ TEST_F(PropertyModelTest, DefinitionMayTellNameAndDataTypeOnly) {
     open();
     EXPECT_EQ(item(0)->category(), u"");
     EXPECT_FALSE(model->hasCategories());
-    const auto bare = make<testing::PropertiesDouble>();
+    const auto bare = make<quorel::testing::PropertiesDouble>();
     EXPECT_EQ(errorNumber([&] { static_cast<void>(make<PropertyItem>(bare)->name()); }), 438);
     EXPECT_EQ(make<PropertyItem>(bare)->description(), u"");
     EXPECT_FALSE(make<PropertyItem>(bare)->isReadOnly());

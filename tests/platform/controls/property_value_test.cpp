@@ -12,6 +12,7 @@ namespace {
 
 using automation::Value;
 using automation::ValueKind;
+using Texts = std::vector<std::u16string>;
 
 ParsedValue parse(EditorKind kind, std::u16string_view text, Value original = {}) {
     return parseValue({kind, {u"Novel", u"Play"}, std::move(original)}, text);
@@ -118,7 +119,6 @@ TEST(PropertyValue, SameValuesNeedNoWriting) {
 }
 
 TEST(PropertyValue, ChoicesComeInEveryShape) {
-    using Texts = std::vector<std::u16string>;
     EXPECT_EQ(choicesOf(automation::Array{{u"a", 2}, 0}), (Texts{u"a", u"2"}));
     EXPECT_EQ(choicesOf(u"a, b ,c"), (Texts{u"a", u"b", u"c"}));
     EXPECT_EQ(choicesOf({}), Texts{});

@@ -14,7 +14,7 @@ namespace quorel::headless {
 
 using ui::Modality;
 
-class HeadlessTest : public testing::Test {
+class HeadlessTest : public ::testing::Test {
   protected:
     HeadlessTest() {
         form->setText(u"Title");
@@ -93,7 +93,7 @@ TEST_F(HeadlessTest, WhatNeverCameIsAFailure) {
 }
 
 TEST(HeadlessDesktopDeathTest, ADesktopWithFailuresNobodySawEndsTheProcess) {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH(
         {
             HeadlessDesktop lost;

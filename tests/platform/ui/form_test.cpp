@@ -14,7 +14,7 @@ using headless::HeadlessDesktop;
 using headless::HeadlessPeer;
 using headless::User;
 
-class FormTest : public testing::Test {
+class FormTest : public ::testing::Test {
   protected:
     void TearDown() override { EXPECT_NO_THROW(desktop.verify()); }
 

@@ -11,7 +11,7 @@ namespace quorel::ui {
 
 namespace {
 
-constexpr Colour kRed{200, 10, 20};
+constexpr Colour kInk{200, 10, 20};
 
 [[nodiscard]] std::array<int, 4> pixelAt(const Picture& picture, int x, int y) {
     const std::size_t at = (static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
@@ -21,7 +21,7 @@ constexpr Colour kRed{200, 10, 20};
 }
 
 [[nodiscard]] Glyph upright() {
-    return {{{{{8, 3}, {8, 13}}, kRed, 2}}};
+    return {{{{{8, 3}, {8, 13}}, kInk, 2}}};
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ TEST(Glyph, HasUprightStrokesOfWholePixelsAtEverySize) {
 }
 
 TEST(Glyph, SmoothsSlantedStrokes) {
-    const Picture picture = rasterise({{{{{3, 3}, {12, 11}}, kRed, 2}}}, 16);
+    const Picture picture = rasterise({{{{{3, 3}, {12, 11}}, kInk, 2}}}, 16);
     int partly = 0;
     for (std::size_t i = 3; i < picture.rgba.size(); i += 4)
         partly += picture.rgba[i] > 0 && picture.rgba[i] < 255 ? 1 : 0;
@@ -60,8 +60,8 @@ TEST(Glyph, SmoothsSlantedStrokes) {
 
 TEST(Glyph, FillsWhatALineEncloses) {
     const std::vector<GlyphPoint> square{{3, 3}, {13, 3}, {13, 13}, {3, 13}};
-    const Picture filled = rasterise({{{square, kRed, 1, true, true}}}, 16);
-    const Picture outline = rasterise({{{square, kRed, 1, true, false}}}, 16);
+    const Picture filled = rasterise({{{square, kInk, 1, true, true}}}, 16);
+    const Picture outline = rasterise({{{square, kInk, 1, true, false}}}, 16);
     EXPECT_EQ(pixelAt(filled, 8, 8)[3], 255);
     EXPECT_EQ(pixelAt(outline, 8, 8)[3], 0);
     EXPECT_EQ(pixelAt(outline, 3, 8)[3], 255);
@@ -79,7 +79,7 @@ TEST(Glyph, BearsOddInput) {
     EXPECT_TRUE(rasterise(upright(), 0).rgba.empty());
     EXPECT_TRUE(rasterise(upright(), -3).rgba.empty());
     EXPECT_TRUE(isWhole(rasterise({}, 16)));
-    EXPECT_TRUE(isWhole(rasterise({{{{}, kRed}, {{{8, 8}}, kRed, 4, true, true}}}, 16)));
+    EXPECT_TRUE(isWhole(rasterise({{{{}, kInk}, {{{8, 8}}, kInk, 4, true, true}}}, 16)));
     EXPECT_TRUE(isWhole(rasterise(upright(), 1)));
 }
 

@@ -14,7 +14,7 @@
 
 namespace quorel::ui {
 
-class KeepAlive : public testing::Test {
+class KeepAlive : public ::testing::Test {
   protected:
     /// The handler that lets the form go, and looks whether it is still there.
     [[nodiscard]] std::function<void()> drop() {

@@ -10,7 +10,7 @@
 
 namespace quorel::ui {
 
-class ScrollPanelTest : public testing::Test {
+class ScrollPanelTest : public ::testing::Test {
   protected:
     ScrollPanelTest() {
         form->setClientSize({{4500}, {3000}});

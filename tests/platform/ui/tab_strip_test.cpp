@@ -10,7 +10,7 @@
 
 namespace quorel::ui {
 
-class TabStripTest : public testing::Test {
+class TabStripTest : public ::testing::Test {
   protected:
     TabStripTest() {
         form->setClientSize({{4500}, {3000}});

@@ -14,7 +14,7 @@ namespace quorel::ui {
 using headless::CannotDo;
 using headless::itemAt;
 
-class TreeTest : public testing::Test {
+class TreeTest : public ::testing::Test {
   protected:
     TreeTest() {
         form->setClientSize({{4500}, {4500}});
