@@ -10,6 +10,7 @@ if(CMAKE_CROSSCOMPILING)
     file(WRITE ${CMAKE_BINARY_DIR}/third_party/expat/expat_config.h
          "#define BYTEORDER 1234\n#define XML_NS 1\n#define XML_DTD 1\n#define XML_CONTEXT_BYTES 1024\n")
     add_library(expat_windows STATIC ${expat_folder}/xmlparse.c ${expat_folder}/xmlrole.c ${expat_folder}/xmltok.c)
+    set_target_properties(expat_windows PROPERTIES UNITY_BUILD OFF)
     target_include_directories(expat_windows PRIVATE ${CMAKE_BINARY_DIR}/third_party/expat)
     target_include_directories(expat_windows SYSTEM PUBLIC ${expat_folder})
     target_compile_definitions(expat_windows PUBLIC XML_STATIC)

@@ -3,6 +3,7 @@
 option(QUOREL_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
 option(QUOREL_FUZZ "Build the fuzzers, with clang" OFF)
 option(QUOREL_BENCHMARKS "Build the benchmarks" OFF)
+option(QUOREL_TESTS "Build the tests, the fuzzers and the samples" ON)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -44,6 +45,14 @@ if(WIN32)
     # destructors.
     target_compile_options(quorel_options INTERFACE -Wno-old-style-cast -Wno-pedantic -Wno-cast-function-type
                                                     -Wno-non-virtual-dtor)
+    # The same sources make the same bytes. Code lies at another address each time, and data is never run as code.
+    target_link_options(quorel_options INTERFACE -s LINKER:--no-insert-timestamp,--dynamicbase,--nxcompat)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        target_link_options(quorel_options INTERFACE LINKER:--high-entropy-va)
+    else()
+        # Exports are published under the names in the source, without the decoration of their calling convention.
+        target_link_options(quorel_options INTERFACE LINKER:--enable-stdcall-fixup)
+    endif()
 endif()
 
 # quorel_library(name SOURCES ... DEPENDS ...): one room as a static library.

@@ -5,6 +5,7 @@ if(CMAKE_CROSSCOMPILING)
         message(FATAL_ERROR "SQLite's sources are missing: run tools/fetch-sqlite")
     endif()
     add_library(sqlite3_windows STATIC ${sqlite_folder}/sqlite3.c)
+    set_target_properties(sqlite3_windows PROPERTIES UNITY_BUILD OFF)
     target_include_directories(sqlite3_windows SYSTEM PUBLIC ${sqlite_folder})
     # One connection belongs to one thread; different connections may live on different threads.
     target_compile_definitions(sqlite3_windows PRIVATE SQLITE_THREADSAFE=2 SQLITE_DQS=0 SQLITE_OMIT_LOAD_EXTENSION

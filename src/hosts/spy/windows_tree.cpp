@@ -9,7 +9,7 @@ namespace quorel::spy {
 namespace {
 
 constexpr std::size_t kLongestName = 256;
-constexpr std::size_t kLongestText = 4096;
+constexpr std::size_t kLongestCaption = 4096;
 constexpr UINT kPatience = 5000;  // milliseconds for a busy window to answer
 
 }  // namespace
@@ -54,7 +54,7 @@ HWND findControl(HWND form, const std::wstring& name) {
 }
 
 std::wstring windowText(HWND window) {
-    std::wstring text(kLongestText, L'\0');
+    std::wstring text(kLongestCaption, L'\0');
     DWORD_PTR length = 0;
     if (SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
                             SMTO_ABORTIFHUNG, kPatience, &length) == 0)

@@ -50,6 +50,9 @@ inline void freeModule(HMODULE module) noexcept {
 inline void closeKey(HKEY key) noexcept {
     ::RegCloseKey(key);
 }
+inline void freeGlobal(HGLOBAL memory) noexcept {
+    ::GlobalFree(memory);
+}
 inline void deleteObject(HGDIOBJ object) noexcept {
     ::DeleteObject(object);
 }
@@ -69,5 +72,6 @@ using BitmapHandle = Unique<HBITMAP, deleteObject>;
 using BrushHandle = Unique<HBRUSH, deleteObject>;
 using FontHandle = Unique<HFONT, deleteObject>;
 using MenuHandle = Unique<HMENU, destroyMenu>;
+using GlobalMemory = Unique<HGLOBAL, freeGlobal>;
 
 }  // namespace quorel::win32

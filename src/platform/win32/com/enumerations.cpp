@@ -144,7 +144,7 @@ class NativeEnumeration final : public ComObject<IEnumVARIANT> {
 
     void fill(std::span<VARIANT> values, ULONG& filled) {
         while (filled < values.size()) {
-            const std::size_t wanted = std::min(values.size() - filled, batch_.size());
+            const std::size_t wanted = std::min<std::size_t>(values.size() - filled, batch_.size());
             const std::size_t got = enumerator_->next(std::span(batch_).first(wanted));
             for (std::size_t i = 0; i < got; ++i, ++filled, ++position_) {
                 toVariant(std::move(batch_[i]), values[filled]);

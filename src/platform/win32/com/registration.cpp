@@ -14,6 +14,7 @@ namespace quorel::win32 {
 namespace {
 
 constexpr std::wstring_view kVersion = L".1";
+constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
 
 std::wstring textOf(const GUID& guid) {
     std::array<wchar_t, 40> text{};
@@ -128,11 +129,11 @@ void registerLibrary(RegistrationScope scope) {
 void unregisterLibrary(const ComTypeLibrary& library, RegistrationScope scope) {
     HRESULT status = S_OK;
     if (scope == RegistrationScope::Machine) {
-        status = ::UnRegisterTypeLib(library.libid, library.major, library.minor, LOCALE_NEUTRAL, SYS_WIN64);
+        status = ::UnRegisterTypeLib(library.libid, library.major, library.minor, LOCALE_NEUTRAL, kSystem);
     } else {
         using Unregister = HRESULT(STDAPICALLTYPE*)(REFGUID, WORD, WORD, LCID, SYSKIND);
-        status = userFunction<Unregister>("UnRegisterTypeLibForUser")(
-            library.libid, library.major, library.minor, LOCALE_NEUTRAL, SYS_WIN64);
+        status = userFunction<Unregister>("UnRegisterTypeLibForUser")(library.libid, library.major,
+                                                                      library.minor, LOCALE_NEUTRAL, kSystem);
     }
     Bstr path;
     const bool stillThere = SUCCEEDED(

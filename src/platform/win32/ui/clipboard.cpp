@@ -17,11 +17,6 @@ namespace {
 constexpr int kAttempts = 10;
 constexpr DWORD kPause = 10;
 
-inline void freeGlobal(HGLOBAL memory) noexcept {
-    ::GlobalFree(memory);
-}
-using GlobalMemory = Unique<HGLOBAL, freeGlobal>;
-
 /// Open for as long as it lives. Another program may have it for a moment, so there are several attempts.
 class OpenClipboardScope {
   public:

@@ -26,11 +26,6 @@ constexpr std::size_t kMostTitleUnits = 200;
 /// The platform's number of errors of printers.
 constexpr std::int32_t kPrinterError = 482;
 
-inline void freeGlobal(HGLOBAL memory) noexcept {
-    ::GlobalFree(memory);
-}
-using GlobalMemory = Unique<HGLOBAL, freeGlobal>;
-
 /// What the user has chosen; no device when he has chosen none.
 struct Printer {
     GlobalMemory mode, names;

@@ -5,6 +5,16 @@
 
 namespace quorel::win32 {
 
+namespace {
+
+BOOL CALLBACK rescaleChild(HWND child, LPARAM) {
+    if (NativeWindow* const ours = NativeWindow::of(child))
+        ours->rescaled();
+    return TRUE;
+}
+
+}  // namespace
+
 LRESULT FormWindow::serve(UINT message, WPARAM w, LPARAM l) {
     if (message == WM_NCDESTROY) {
         endModalRun();
@@ -145,14 +155,7 @@ void FormWindow::moveToResolution(std::int32_t dpi, const RECT& wanted) {
 }
 
 void FormWindow::rescaled() {
-    ::EnumChildWindows(
-        handle(),
-        [](HWND child, LPARAM) -> BOOL {
-            if (NativeWindow* const ours = of(child))
-                ours->rescaled();
-            return TRUE;
-        },
-        0);
+    ::EnumChildWindows(handle(), rescaleChild, 0);
 }
 
 void FormWindow::settingsChanged() {

@@ -18,23 +18,22 @@ namespace quorel::win32 {
 namespace {
 
 using OwnBitmap = Unique<HBITMAP, deleteObject>;
-using OwnMemory = Unique<HGLOBAL, [](HGLOBAL memory) { ::GlobalFree(memory); }>;
 
-void check(HRESULT status) {
+void checkPicture(HRESULT status) {
     if (FAILED(status))
         ui::refusePicture(u"", u"it cannot be loaded");
 }
 
 /// The stream frees the memory.
 [[nodiscard]] ComPtr<IStream> streamOf(const std::vector<std::uint8_t>& bytes) {
-    OwnMemory memory(::GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
+    GlobalMemory memory(::GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
     void* const place = memory ? ::GlobalLock(memory.get()) : nullptr;
     if (place == nullptr)
         throw std::bad_alloc();
     std::memcpy(place, bytes.data(), bytes.size());
     ::GlobalUnlock(memory.get());
     ComPtr<IStream> stream;
-    check(::CreateStreamOnHGlobal(memory.get(), TRUE, stream.out()));
+    checkPicture(::CreateStreamOnHGlobal(memory.get(), TRUE, stream.out()));
     static_cast<void>(memory.release());
     return stream;
 }
@@ -65,7 +64,7 @@ void check(HRESULT status) {
     description.picType = PICTYPE_BITMAP;
     description.bmp.hbitmap = bitmap.get();
     ComPtr<IPicture> picture;
-    check(::OleCreatePictureIndirect(&description, __uuidof(IPicture), TRUE, picture.outVoid()));
+    checkPicture(::OleCreatePictureIndirect(&description, __uuidof(IPicture), TRUE, picture.outVoid()));
     static_cast<void>(bitmap.release());
     return picture;
 }
@@ -73,8 +72,8 @@ void check(HRESULT status) {
 [[nodiscard]] ComPtr<IPicture> loaded(const ui::PictureFile& content) {
     const ComPtr<IStream> stream = streamOf(content.bytes);
     ComPtr<IPicture> picture;
-    check(::OleLoadPicture(stream.get(), static_cast<LONG>(content.bytes.size()), FALSE, __uuidof(IPicture),
-                           picture.outVoid()));
+    checkPicture(::OleLoadPicture(stream.get(), static_cast<LONG>(content.bytes.size()), FALSE,
+                                  __uuidof(IPicture), picture.outVoid()));
     return picture;
 }
 
