@@ -57,6 +57,8 @@ class Backend {
     virtual void typeKeys(ui::Form& form, std::u16string_view text) = 0;
     /// The mouse's own button for back or forward, over the control.
     virtual void navigate(ui::Control& control, ui::Navigation where) = 0;
+    /// Files that are dragged from elsewhere; a form that takes none is what the user could not act on.
+    virtual void drop(ui::Form& form, const std::vector<std::u16string>& files) = 0;
     /// In the next menu that the program pops up, which shows what is below `menu`, the user chooses the
     /// entry of that name; leaves it when the name is empty.
     virtual void duringMenu(ui::Form& form, const ui::MenuItem& menu, std::u16string_view entry) = 0;

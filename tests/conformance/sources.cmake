@@ -5,6 +5,7 @@ set(QUOREL_CONFORMANCE_SOURCES
     ${CMAKE_SOURCE_DIR}/tests/conformance/choices.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/combos.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/drawings.cpp
+    ${CMAKE_SOURCE_DIR}/tests/conformance/dropped_files.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/forms.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/input.cpp
     ${CMAKE_SOURCE_DIR}/tests/conformance/keyboard.cpp

@@ -204,6 +204,13 @@ void User::navigate(ui::Form& form, ui::Navigation where) {
     desktop_.runPosted();
 }
 
+void User::drop(ui::Form& form, const std::vector<std::u16string>& files) {
+    const auto alive = reach(form);
+    if (!form.userDroppedFiles(files))
+        throw CannotDo(called(form) + " takes no files");
+    desktop_.runPosted();
+}
+
 void User::dragSplitter(ui::Splitter& splitter, ui::Twips position) {
     const auto form = reach(splitter);
     focusByClick(*form, splitter);

@@ -76,6 +76,8 @@ class User {
     void choose(ui::ComboBox& box, std::size_t index);
     /// The mouse buttons made for it.
     void navigate(ui::Form& form, ui::Navigation where);
+    /// Files or folders, dragged from elsewhere.
+    void drop(ui::Form& form, const std::vector<std::u16string>& files);
     void dragSplitter(ui::Splitter& splitter, ui::Twips position);
     /// Over a drawing, at a place in it. A button that is down takes the mouse out of it, too.
     void moveMouse(ui::DrawingArea& area, ui::Point at, ui::Modifiers modifiers = ui::Modifiers::None);

@@ -212,6 +212,14 @@ bool Form::userNavigated(Navigation where) {
     return true;
 }
 
+bool Form::userDroppedFiles(const std::vector<std::u16string>& files) {
+    if (!onDropFiles.isConnected() || !isUsable() || files.empty())
+        return false;
+    const auto alive = keepFormAlive();
+    onDropFiles.raise(files);
+    return true;
+}
+
 bool Form::userKeyDown(KeyChord chord) {
     const auto alive = keepFormAlive();
     if (MenuItem* const entry = menuBar_ ? menuBar_->findShortcut(chord) : nullptr) {

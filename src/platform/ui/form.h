@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ui/control.h"
 #include "platform/ui/desktop.h"
@@ -84,6 +86,9 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     /// The user goes back or forward: by the mouse buttons or keys made for it, by Alt+Left and Alt+Right
     /// where nothing else takes them.
     Event<Navigation> onNavigate;
+    /// The user drops files or folders on the form, by their whole paths. A form takes them if somebody
+    /// listens when it is first shown.
+    Event<const std::vector<std::u16string>&> onDropFiles;
 
     // What the user does, reported by the peer.
     // --------------------------------------------------------------------
@@ -96,6 +101,8 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
     void userFocused(Control* control);
     /// True if somebody listens.
     bool userNavigated(Navigation where);
+    /// True if somebody listens and the form can be used.
+    bool userDroppedFiles(const std::vector<std::u16string>& files);
     /// Menu shortcuts and `onKeyDown` of the focused control and then of the form; true if one of them took
     /// the key.
     [[nodiscard]] bool userKeyDown(KeyChord chord);

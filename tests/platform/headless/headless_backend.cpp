@@ -25,6 +25,7 @@ class HeadlessBackend final : public Backend {
     void navigate(ui::Control& control, ui::Navigation where) override {
         user_.navigate(*control.form(), where);
     }
+    void drop(ui::Form& form, const std::vector<std::u16string>& files) override { user_.drop(form, files); }
     void duringMenu(ui::Form&, const ui::MenuItem&, std::u16string_view entry) override {
         desktop_.expectMenu(entry);
     }

@@ -70,6 +70,8 @@ ui::PixelRect FormWindow::placeAtOpening() const {
 void FormWindow::opened() {
     frame()->setForm(handle());
     frame()->setDpi(dpiOf(handle()));
+    if (form()->onDropFiles.isConnected())
+        ::DragAcceptFiles(handle(), TRUE);
 }
 
 void FormWindow::mirror(ui::Change changes) {

@@ -7,6 +7,7 @@
 #include "platform/win32/ui/menus.h"
 #include "platform/win32/ui/modal_lock.h"
 #include "platform/win32/ui/native_window.h"
+#include "platform/win32/ui/system_headers.h"
 #include "platform/win32/ui/taskbar_button.h"
 
 namespace quorel::win32 {
@@ -57,6 +58,7 @@ class FormWindow : public NativeWindow {
 
     [[nodiscard]] std::optional<LRESULT> serveForm(UINT message, WPARAM w, LPARAM l);
     [[nodiscard]] std::optional<LRESULT> servePlace(UINT message, WPARAM w, LPARAM l);
+    void dropped(HDROP files) const;
     void chooseFromMenu(UINT command) const;
     void moved(bool sizeToo);
     void resized();

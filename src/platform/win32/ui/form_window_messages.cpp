@@ -1,18 +1,20 @@
 // What the user and the system do to a form's window.
 
+#include "platform/win32/text.h"
 #include "platform/win32/ui/control_peer.h"
 #include "platform/win32/ui/form_window.h"
+#include "platform/win32/unique.h"
 
 namespace quorel::win32 {
 
 namespace {
+constexpr UINT kAllFiles = 0xFFFFFFFF;
 
 BOOL CALLBACK rescaleChild(HWND child, LPARAM) {
     if (NativeWindow* const ours = NativeWindow::of(child))
         ours->rescaled();
     return TRUE;
 }
-
 }  // namespace
 
 LRESULT FormWindow::serve(UINT message, WPARAM w, LPARAM l) {
@@ -32,6 +34,9 @@ std::optional<LRESULT> FormWindow::serveForm(UINT message, WPARAM w, LPARAM l) {
         case WM_CLOSE:
             if (::IsWindowEnabled(handle()) != FALSE)
                 form()->userClosed();
+            return 0;
+        case WM_DROPFILES:
+            dropped(reinterpret_cast<HDROP>(w));
             return 0;
         case WM_ERASEBKGND:
             fillBackground(reinterpret_cast<HDC>(w));
@@ -85,6 +90,17 @@ std::optional<LRESULT> FormWindow::servePlace(UINT message, WPARAM w, LPARAM l) 
         default:
             return std::nullopt;
     }
+}
+
+void FormWindow::dropped(HDROP files) const {
+    const Unique<HDROP, ::DragFinish> owned(files);
+    std::vector<std::u16string> paths(::DragQueryFileW(files, kAllFiles, nullptr, 0));
+    for (UINT i = 0; i < paths.size(); ++i) {
+        paths[i].resize(::DragQueryFileW(files, i, nullptr, 0) + 1);
+        paths[i].resize(::DragQueryFileW(files, i, wideBuffer(paths[i]), static_cast<UINT>(paths[i].size())));
+    }
+    if (::IsWindowEnabled(handle()) != FALSE)
+        form()->userDroppedFiles(paths);
 }
 
 void FormWindow::chooseFromMenu(UINT command) const {

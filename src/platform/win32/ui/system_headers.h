@@ -7,6 +7,7 @@
 #include <windowsx.h>
 #include <commctrl.h>
 #include <commdlg.h>
+#include <shellapi.h>
 #include <uxtheme.h>
 #include <bcrypt.h>
 // clang-format on

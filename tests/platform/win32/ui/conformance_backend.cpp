@@ -112,6 +112,11 @@ class NativeBackend final : public Backend {
         ::PostMessageW(window, WM_XBUTTONUP, MAKEWPARAM(0, button), 0);
         native::pump();
     }
+    void drop(ui::Form& form, const std::vector<std::u16string>& files) override {
+        const HWND window = native::windowFor(form);
+        native::requireUsable(window);
+        native::drop(window, files);
+    }
     void duringMenu(ui::Form& form, const ui::MenuItem& menu, std::u16string_view entry) override {
         courier_.send([this, &menu, window = native::windowFor(form), wanted = std::u16string(entry)] {
             chooseFromOpenMenu(menu, window, wanted);

@@ -1,6 +1,9 @@
 #include "tests/platform/win32/ui/native_user.h"
 
+#include <shlobj.h>
+
 #include <array>
+#include <cstring>
 #include <stdexcept>
 #include <vector>
 
@@ -96,6 +99,23 @@ void requireUsable(HWND window) {
     for (; window != nullptr; window = ::GetAncestor(window, GA_PARENT))
         if (::IsWindowEnabled(window) == FALSE)
             throw std::runtime_error("the window is disabled");
+}
+
+void drop(HWND window, const std::vector<std::u16string>& files) {
+    if ((::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_ACCEPTFILES) == 0)
+        throw std::runtime_error("the window takes no files");
+    std::u16string names;
+    for (const std::u16string& file : files)
+        names.append(file).push_back(u'\0');
+    names.push_back(u'\0');
+    const HGLOBAL memory = ::GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(char16_t));
+    auto* const header = static_cast<DROPFILES*>(::GlobalLock(memory));
+    header->pFiles = sizeof(DROPFILES);
+    header->fWide = TRUE;
+    std::memcpy(header + 1, names.data(), names.size() * sizeof(char16_t));
+    ::GlobalUnlock(memory);
+    ::PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    pump();
 }
 
 POINT middleOf(HWND window) {

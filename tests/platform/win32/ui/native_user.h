@@ -32,6 +32,8 @@ void requireUsable(HWND window);
 void click(HWND window, POINT at);
 void doubleClick(HWND window, POINT at);
 [[nodiscard]] POINT middleOf(HWND window);
+/// As the system hands files over that were dropped; throws std::runtime_error when the window takes none.
+void drop(HWND window, const std::vector<std::u16string>& files);
 /// A key goes down and up in the window that has the focus, in `form`, which is made the active window first.
 void press(HWND form, ui::KeyChord chord);
 void type(HWND form, std::u16string_view text);
