@@ -21,22 +21,6 @@ constexpr int kWrongUsage = 2;
 
 using automation::toUtf8;
 
-std::string summaryOf(std::int64_t nodes, std::int64_t links) {
-    return std::to_string(nodes) + " nodes and " + std::to_string(links) + " links";
-}
-
-std::string summaryOf(const repository::ExportReport& report) {
-    return summaryOf(report.nodes, report.links);
-}
-
-std::string summaryOf(const repository::ImportReport& report) {
-    if (!report.metamodel)
-        return summaryOf(report.nodes, report.links);
-    return std::to_string(report.metamodel->metaNodes) + " meta nodes with " +
-           std::to_string(report.metamodel->properties) + " properties and " +
-           std::to_string(report.metamodel->metaLinks) + " meta links";
-}
-
 /// Runs `work` with a progress display and says at the end what came of it.
 template <class Work>
 auto withProgress(const char* verb, const std::u16string& output, ProgressDisplay::Unit unit, Work work) {
@@ -53,20 +37,9 @@ auto withProgress(const char* verb, const std::u16string& output, ProgressDispla
     display.finish();
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     const double size = static_cast<double>(std::filesystem::file_size(repository::sqlite::pathOf(output)));
-    std::printf("%s %s: %s, %.1f MB, in %.1f s\n", verb, summaryOf(counts).c_str(), toUtf8(output).c_str(),
-                size / 1e6, seconds);
+    std::printf("%s %s: %s, %.1f MB, in %.1f s\n", verb, toUtf8(summaryOf(counts)).c_str(),
+                toUtf8(output).c_str(), size / 1e6, seconds);
     return counts;
-}
-
-/// What did not go into the repository as it was in the files.
-void printRest(const repository::metamodel::Outcome& outcome) {
-    if (!outcome.renamed.empty())
-        std::printf("Renamed, as the names were taken:\n");
-    for (const std::u16string& line : outcome.renamed)
-        std::printf("  %s\n", toUtf8(line).c_str());
-    std::printf(outcome.notTaken.empty() ? "Nothing was left out\n" : "Not taken:\n");
-    for (const auto& [kind, count] : outcome.notTaken)
-        std::printf("%8lld  %s\n", static_cast<long long>(count), kind.c_str());
 }
 
 void importFiles(const Arguments& arguments, repository::ImportKind kind) {
@@ -78,8 +51,8 @@ void importFiles(const Arguments& arguments, repository::ImportKind kind) {
                          return repository::importInto(kind, inputs, arguments.output, arguments.replace,
                                                        report, openPackageList);
                      });
-    if (made.metamodel)
-        printRest(*made.metamodel);
+    for (const std::u16string& line : remarksOf(made))
+        std::printf("%s\n", toUtf8(line).c_str());
 }
 
 void exportJsonLines(const Arguments& arguments) {

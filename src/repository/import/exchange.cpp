@@ -148,7 +148,41 @@ class FileInTheMaking {
     std::ofstream stream_;
 };
 
+std::u16string summaryOf(std::int64_t nodes, std::int64_t links) {
+    return automation::decimal(nodes) + u" nodes and " + automation::decimal(links) + u" links";
+}
+
 }  // namespace
+
+std::u16string summaryOf(const ImportReport& report) {
+    if (!report.metamodel)
+        return summaryOf(report.nodes, report.links);
+    return automation::decimal(report.metamodel->metaNodes) + u" meta nodes with " +
+           automation::decimal(report.metamodel->properties) + u" properties and " +
+           automation::decimal(report.metamodel->metaLinks) + u" meta links";
+}
+
+std::u16string summaryOf(const ExportReport& report) {
+    return summaryOf(report.nodes, report.links);
+}
+
+std::vector<std::u16string> remarksOf(const ImportReport& report) {
+    constexpr std::size_t kCountWidth = 8;
+    std::vector<std::u16string> lines;
+    if (!report.metamodel)
+        return lines;
+    if (!report.metamodel->renamed.empty())
+        lines.emplace_back(u"Renamed, as the names were taken:");
+    for (const std::u16string& line : report.metamodel->renamed)
+        lines.push_back(u"  " + line);
+    lines.emplace_back(report.metamodel->notTaken.empty() ? u"Nothing was left out" : u"Not taken:");
+    for (const auto& [kind, times] : report.metamodel->notTaken) {
+        const std::u16string count = automation::decimal(times);
+        lines.push_back(std::u16string(kCountWidth - std::min(kCountWidth, count.size()), u' ') + count +
+                        u"  " + automation::fromUtf8(kind));
+    }
+    return lines;
+}
 
 std::optional<ImportKind> importKindOf(std::u16string_view file) {
     constexpr std::array<std::pair<std::u16string_view, ImportKind>, 4> kEndings{

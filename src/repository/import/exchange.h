@@ -32,6 +32,11 @@ struct ImportReport {
     std::optional<metamodel::Outcome> metamodel;
 };
 
+/// "42 nodes and 57 links" or, of a metamodel, "3 meta nodes with 5 properties and 2 meta links".
+[[nodiscard]] std::u16string summaryOf(const ImportReport& report);
+/// Lines that tell what was renamed and what has no place in a repository; none unless it is a metamodel.
+[[nodiscard]] std::vector<std::u16string> remarksOf(const ImportReport& report);
+
 /// Opens a package list that is not compressed; a compressed one is error 321 that says what to do.
 [[nodiscard]] std::unique_ptr<ByteSource> openUnpackedList(const std::filesystem::path& path);
 
@@ -48,6 +53,8 @@ struct ExportReport {
     std::int64_t nodes = 0;
     std::int64_t links = 0;
 };
+
+[[nodiscard]] std::u16string summaryOf(const ExportReport& report);
 
 /// Writes the repository file `repository` as the JSON Lines file `output`, which appears only when it is
 /// complete. Throws `Error` as `importInto` does. `report` gets elements written.

@@ -81,7 +81,7 @@ TEST(Exchange, WhatIsReadIsNeverWrittenOver) {
 
 TEST(Exchange, AnOldFilesLogDoesNotGetIntoTheNewOne) {
     TemporaryFolder folder;
-    importText(folder.file(), "");
+    importText(folder.file(), "{\"quorel\":1}\n");
     {
         // As a killed program leaves it: the change is in the log alone.
         const auto store = sqlite::openStore(folder.file());
