@@ -60,6 +60,8 @@ const ClassTable& Repository::classTable() const {
             .method(u"GetProperty", &Repository::property, {param(u"name")})
             .method(u"SetProperty", &Repository::setProperty,
                     {param(u"name"), param(u"value", Value::missing())})
+            .method(u"Search", &Repository::search, {param(u"text"), param(u"limit", 100)})
+            .method(u"PrepareSearch", &Repository::prepareSearch, {param(u"milliseconds", 50)})
             .readOnly(u"FileName", &Repository::fileName)
             .readOnly(u"IsOpen", &Repository::isOpen)
             .method(u"Open", &Repository::open, {param(u"fileName")})

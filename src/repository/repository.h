@@ -68,6 +68,11 @@ class Repository final : public automation::NativeObject {
     /// Without a value it changes nothing and returns the value.
     automation::Value setProperty(const std::u16string& name, const automation::Value& value);
 
+    /// Works for about that long at what `search` looks in and returns how far it is, from 0 to 100.
+    std::int32_t prepareSearch(std::int32_t milliseconds);
+    /// Types, nodes and links with these words in their names or values: a collection of `SearchResult`.
+    [[nodiscard]] automation::Object search(const std::u16string& text, std::int32_t limit);
+
     // For the objects of the repository.
     /// Throws when the repository is not open.
     [[nodiscard]] Store& store() const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -10,6 +11,7 @@
 
 #include "platform/automation/value.h"
 #include "repository/model.h"
+#include "repository/search_hit.h"
 
 namespace quorel::repository {
 
@@ -97,6 +99,13 @@ class Store {
     /// extension, with both its ends. False when it is not listed there.
     virtual bool detach(ElementId link, Direction direction) = 0;
     [[nodiscard]] virtual bool isListed(ElementId link, Direction direction) = 0;
+
+    /// Works for about that long at what `search` looks in, waiting no longer for another program that
+    /// writes. How far it is: 100 when nothing is missing.
+    virtual int prepareSearch(std::chrono::milliseconds duration) = 0;
+    /// What has all words of `text`, in any order, by their beginnings: types, then elements by name (exactly
+    /// so, beginning so, others), then by their values; nodes before links. At most `limit`, at least 1.
+    [[nodiscard]] virtual std::vector<SearchHit> search(std::u16string_view text, std::size_t limit) = 0;
 };
 
 /// A transaction of a store, rolled back unless committed.

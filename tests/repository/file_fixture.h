@@ -44,6 +44,10 @@ class RepositoryFile : public ::testing::Test {
         EXPECT_EQ(sqlite3_exec(openRaw().get(), sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
     }
 
+    /// What makes a file of the present version, that nobody has searched, one of the second.
+    static constexpr const char* kAsVersionTwo =
+        "DROP TABLE search_state; DROP TABLE search_change; PRAGMA user_version = 2;";
+
     TemporaryFolder folder_;
 };
 

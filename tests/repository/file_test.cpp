@@ -38,12 +38,13 @@ TEST_F(RepositoryFile, AnotherProgramsDatabaseIsLeftAlone) {
 TEST_F(RepositoryFile, ANewerFileIsLeftAlone) {
     create();
     runRaw("PRAGMA user_version = " + std::to_string(sqlite::kSchemaVersion + 1));
-    expectUntouched(321, "made by a newer program (file version 3, this program knows 2)");
+    expectUntouched(321, "made by a newer program (file version 4, this program knows 3)");
 }
 
 TEST_F(RepositoryFile, AFileOfTheFirstVersionIsBroughtUpToDate) {
     create();
-    runRaw("ALTER TABLE meta_property DROP COLUMN category; PRAGMA user_version = 1");
+    runRaw(std::string(kAsVersionTwo) +
+           "ALTER TABLE meta_property DROP COLUMN category; PRAGMA user_version = 1");
     for (int opening = 0; opening < 2; ++opening) {
         const auto repository = automation::make<Repository>();
         repository->open(folder_.file());
@@ -52,6 +53,27 @@ TEST_F(RepositoryFile, AFileOfTheFirstVersionIsBroughtUpToDate) {
         const Object zip = type.get(u"Properties", u"Zip").toObject();
         EXPECT_EQ(textOf(zip.get(u"Category")), "Address");
         repository->close();
+    }
+}
+
+TEST_F(RepositoryFile, AFileOfTheSecondVersionIsBroughtUpToDateAndSearched) {
+    create();
+    {
+        const auto repository = automation::make<Repository>();
+        repository->open(folder_.file());
+        repository->makeNode(u"Book", u"Emma", u"b");
+    }
+    runRaw(kAsVersionTwo);
+    for (int opening = 0; opening < 2; ++opening) {
+        const auto repository = automation::make<Repository>();
+        repository->open(folder_.file());
+        EXPECT_EQ(repository->search(u"emma", 10).get(u"Count").toInteger(), 1);
+        repository->metaNodes()
+            .get(u"Item", u"Book")
+            .toObject()
+            .get(u"Extension", u"b")
+            .toObject()
+            .put(u"name", u"Emma");
     }
 }
 

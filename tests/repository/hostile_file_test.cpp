@@ -99,14 +99,15 @@ TEST_F(HostileFile, ATableOfStatisticsIsRefused) {
 }
 
 TEST_F(HostileFile, AFileOfTheFirstVersionIsLookedAtBeforeItIsBroughtUpToDate) {
-    expectRefused(
-        "ALTER TABLE meta_property DROP COLUMN category; PRAGMA user_version = 1;"
-        "CREATE TRIGGER evil AFTER UPDATE ON node BEGIN DELETE FROM node; END",
-        "is refused: it holds the trigger 'evil', which no repository has");
+    expectRefused(std::string(kAsVersionTwo) +
+                      "ALTER TABLE meta_property DROP COLUMN category; PRAGMA user_version = 1;"
+                      "CREATE TRIGGER evil AFTER UPDATE ON node BEGIN DELETE FROM node; END",
+                  "is refused: it holds the trigger 'evil', which no repository has");
 }
 
 TEST_F(HostileFile, AFileThatOnlySaysThatItIsOfTheFirstVersionIsRefused) {
-    expectRefused("PRAGMA user_version = 1", "its table 'meta_property' is not made as that of a repository");
+    expectRefused(std::string(kAsVersionTwo) + "PRAGMA user_version = 1",
+                  "its table 'meta_property' is not made as that of a repository");
 }
 
 TEST_F(HostileFile, AnOrdinaryFileHasNothingToRefuse) {

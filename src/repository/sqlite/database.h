@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -15,6 +16,9 @@ namespace quorel::repository::sqlite {
 /// One connection to one file.
 class Database {
   public:
+    /// How long a statement waits for a lock of another connection, once a repository is open.
+    static constexpr int kPatienceMs = 2000;
+
     enum class Mode : std::uint8_t { OpenExisting, CreateNew };
 
     /// `file` may be any UTF-16 path; it is named in every error.
@@ -31,6 +35,19 @@ class Database {
     [[nodiscard]] KeptRead* keptRead() const noexcept { return kept_.get(); }
     /// How long a statement waits for a lock of another connection.
     void setPatience(int milliseconds) noexcept { sqlite3_busy_timeout(handle_.get(), milliseconds); }
+    /// For a time less patience, then that of `kPatienceMs` again.
+    class Patience {
+      public:
+        Patience(Database& database, int milliseconds) : database_(database) {
+            database_.setPatience(std::min(milliseconds, kPatienceMs));
+        }
+        Patience(const Patience&) = delete;
+        Patience& operator=(const Patience&) = delete;
+        ~Patience() { database_.setPatience(kPatienceMs); }
+
+      private:
+        Database& database_;
+    };
     [[nodiscard]] bool isReadOnly() const noexcept { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
     [[nodiscard]] bool inTransaction() const noexcept { return sqlite3_get_autocommit(handle_.get()) == 0; }
     [[nodiscard]] std::int64_t lastInserted() const noexcept {

@@ -10,8 +10,6 @@ namespace quorel::repository::sqlite {
 
 namespace {
 
-constexpr int kPatienceMs = 2000;
-
 // A commit reaches the log before the member returns, so a killed process loses nothing; only a power failure
 // may cost the last changes, never the file.
 constexpr const char* kSettings = "PRAGMA synchronous = NORMAL; PRAGMA cache_size = -16384";
@@ -24,7 +22,7 @@ std::unique_ptr<Store> openStore(const std::u16string& file) {
     if (database->isReadOnly())
         throw failure(automation::error_number::kPathFileAccess,
                       u"The repository " + inQuotes(file) + u" is read-only and cannot be changed");
-    database->setPatience(kPatienceMs);
+    database->setPatience(Database::kPatienceMs);
     database->run(kSettings);
     checkSchema(*database);
     upgradeSchema(*database);
@@ -43,7 +41,7 @@ std::unique_ptr<Store> createStore(const std::u16string& file) {
         throw failure(error_number::kFileAlreadyExists, u"The file " + inQuotes(file) + u" already exists");
     try {
         auto database = std::make_unique<Database>(file, Database::Mode::CreateNew);
-        database->setPatience(kPatienceMs);
+        database->setPatience(Database::kPatienceMs);
         database->run(kSettings);
         createSchema(*database);
         database->run("PRAGMA journal_mode = WAL");

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "repository/sqlite/search_tables.h"
+
 namespace quorel::repository::sqlite {
 
 namespace {
@@ -102,6 +104,7 @@ DROP INDEX IF EXISTS link_by_target;
 void createSchema(Database& database) {
     database.run("BEGIN IMMEDIATE");
     database.run(kTables);
+    createSearchNotes(database);
     createReadIndexes(database);
     database.run(("PRAGMA application_id = " + std::to_string(kApplicationId)).c_str());
     database.run(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
@@ -109,14 +112,16 @@ void createSchema(Database& database) {
 }
 
 void upgradeSchema(Database& database) {
-    if (database.number("PRAGMA user_version") != 1)
+    if (database.number("PRAGMA user_version") == kSchemaVersion)
         return;
     database.run("BEGIN IMMEDIATE");
     // Another program may have been here between the question and the lock.
-    if (database.number("PRAGMA user_version") == 1) {
+    const std::int64_t version = database.number("PRAGMA user_version");
+    if (version < 2)
         database.run("ALTER TABLE meta_property ADD COLUMN category TEXT NOT NULL DEFAULT ''");
-        database.run(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
-    }
+    if (version < 3)
+        createSearchNotes(database);
+    database.run(("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
     database.run("COMMIT");
 }
 

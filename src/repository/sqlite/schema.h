@@ -9,7 +9,7 @@ namespace quorel::repository::sqlite {
 /// "QREP", the application id in the header of every repository file.
 inline constexpr std::int32_t kApplicationId = 0x51524550;
 /// The version of the tables, which the header holds as the user version.
-inline constexpr std::int32_t kSchemaVersion = 2;
+inline constexpr std::int32_t kSchemaVersion = 3;
 
 /// Makes the tables of a new, empty file in one transaction.
 void createSchema(Database& database);

@@ -6,6 +6,7 @@
 
 #include "repository/errors.h"
 #include "repository/sqlite/schema.h"
+#include "repository/sqlite/search_tables.h"
 #include "repository/sqlite/statement.h"
 
 namespace quorel::repository::sqlite {
@@ -56,8 +57,12 @@ Entries readEntries(Database& database) {
 Entries ownEntries(std::int64_t version) {
     Database memory(u":memory:", Database::Mode::CreateNew);
     createSchema(memory);
-    if (version == 1)
+    if (version < 2)
         memory.run("ALTER TABLE meta_property DROP COLUMN category");
+    if (version < 3)
+        memory.run("DROP TABLE search_state; DROP TABLE search_change");
+    else
+        createSearchIndex(memory);
     return readEntries(memory);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/automation/error.h"
 #include "repository/errors.h"
+#include "repository/sqlite/search_values.h"
 #include "repository/sqlite/sqlite_store.h"
 #include "repository/sqlite/utf8.h"
 
@@ -88,10 +89,25 @@ std::optional<std::u16string> SqliteStore::identifier(Kind kind, ElementId id) {
     return run.row() ? std::optional(run.text(0)) : std::nullopt;
 }
 
+template <class Change>
+void SqliteStore::changeNoted(Kind kind, ElementId id, const Change& change) {
+    std::optional<Transaction> transaction;
+    if (!database_->inTransaction())
+        transaction.emplace(*this);
+    change();
+    searchNotes_.changed(kind, id);
+    if (transaction)
+        transaction->commit();
+}
+
 bool SqliteStore::setName(Kind kind, ElementId id, std::u16string_view name) {
     const std::string& bytes = storedIn(textBuffer_, name);
-    Run(element_.setName.at(indexOf(kind)), id, bytes).finish();
-    return database_->changed() != 0;
+    bool isThere = false;
+    changeNoted(kind, id, [&] {
+        Run(element_.setName.at(indexOf(kind)), id, bytes).finish();
+        isThere = database_->changed() != 0;
+    });
+    return isThere;
 }
 
 std::optional<ElementId> SqliteStore::end(ElementId link, Direction direction) {
@@ -102,29 +118,10 @@ Value SqliteStore::value(Kind kind, ElementId id, PropertyId property, DataType 
     Run run(element_.value.at(indexOf(kind)), id, property);
     if (!run.row())
         return {};
-    switch (type) {
-        case DataType::String:
-        case DataType::Enumeration:
-        case DataType::MultiLine:
-        case DataType::File:
-        case DataType::Directory:
-            return run.text(0);
-        case DataType::Integer:
-        case DataType::Colour:
-            return static_cast<std::int32_t>(run.integer(0));
-        case DataType::Double:
-            return run.real(0);
-        case DataType::Boolean:
-            return run.integer(0) != 0;
-        case DataType::Date:
-            return Date{run.real(0)};
-        case DataType::Binary:
-            return Bytes{run.bytes(0), 0};
-    }
-    return {};
+    return valueIn(run, 0, type);
 }
 
-void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const Value& value) {
+void SqliteStore::storeValue(Kind kind, ElementId id, PropertyId property, const Value& value) {
     const std::size_t index = indexOf(kind);
     Statement& statement = element_.setValue.at(index);
     switch (value.kind()) {
@@ -145,6 +142,10 @@ void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const V
         default:
             Run(element_.unsetValue.at(index), id, property).finish();
     }
+}
+
+void SqliteStore::setValue(Kind kind, ElementId id, PropertyId property, const Value& value) {
+    changeNoted(kind, id, [&] { storeValue(kind, id, property, value); });
 }
 
 ElementId SqliteStore::addNode(MetaId type, std::u16string_view name, std::u16string_view identifier) {

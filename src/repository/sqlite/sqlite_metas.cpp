@@ -140,7 +140,7 @@ void SqliteStore::removeAbandoned() {
     if (database_->number("SELECT count(*) FROM meta_object WHERE persistent = 0") == 0)
         return;
     // Only the sole user of a file gets it exclusively; otherwise they belong to a session that still runs.
-    database_->setPatience(0);
+    const Database::Patience impatient(*database_, 0);
     try {
         database_->run("PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE");
         std::vector<MetaId> abandoned;

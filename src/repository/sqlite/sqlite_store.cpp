@@ -7,7 +7,11 @@
 namespace quorel::repository::sqlite {
 
 SqliteStore::SqliteStore(std::unique_ptr<Database> database)
-    : database_(std::move(database)), file_(*database_), meta_(*database_), element_(*database_) {}
+    : database_(std::move(database)),
+      file_(*database_),
+      meta_(*database_),
+      element_(*database_),
+      searchNotes_(*database_) {}
 
 SqliteStore::~SqliteStore() {
     rollback();
@@ -21,6 +25,7 @@ SqliteStore::~SqliteStore() {
 }
 
 void SqliteStore::begin() {
+    searchNotes_.forget();
     Run(file_.begin).finish();
 }
 
@@ -30,10 +35,12 @@ void SqliteStore::commit() {
         bulk_ = false;
     }
     Run(file_.commit).finish();
+    searchNotes_.forget();
 }
 
 void SqliteStore::rollback() noexcept {
     bulk_ = false;
+    searchNotes_.forget();
     if (!database_->inTransaction())
         return;
     try {
@@ -50,6 +57,20 @@ void SqliteStore::beginSnapshot() {
 void SqliteStore::expectBulk() {
     dropReadIndexes(*database_);
     bulk_ = true;
+}
+
+SearchEngine& SqliteStore::searchEngine() {
+    if (search_ == nullptr)
+        search_ = std::make_unique<SearchEngine>(*this, *database_, searchNotes_);
+    return *search_;
+}
+
+int SqliteStore::prepareSearch(std::chrono::milliseconds duration) {
+    return searchEngine().prepare(duration);
+}
+
+std::vector<SearchHit> SqliteStore::search(std::u16string_view text, std::size_t limit) {
+    return searchEngine().search(text, limit);
 }
 
 std::vector<RepositoryProperty> SqliteStore::repositoryProperties() {

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "repository/sqlite/database.h"
+#include "repository/sqlite/search_engine.h"
+#include "repository/sqlite/search_notes.h"
 #include "repository/sqlite/statements.h"
 #include "repository/store.h"
 
@@ -64,12 +66,20 @@ class SqliteStore final : public Store {
     bool detach(ElementId link, Direction direction) override;
     bool isListed(ElementId link, Direction direction) override;
 
+    int prepareSearch(std::chrono::milliseconds duration) override;
+    std::vector<SearchHit> search(std::u16string_view text, std::size_t limit) override;
+
     /// Removes what an earlier session that was cut short left behind, if nobody else has the file open.
     void removeAbandoned();
     void keepReads() { database_->keepReads(); }
 
   private:
     [[nodiscard]] ScopeStatements& scopeStatements(const ElementScope& scope);
+    /// Runs `change` of an element's name or value, and notes it for the search.
+    template <class Change>
+    void changeNoted(Kind kind, ElementId id, const Change& change);
+    void storeValue(Kind kind, ElementId id, PropertyId property, const automation::Value& value);
+    [[nodiscard]] SearchEngine& searchEngine();
     void removeTransient(MetaId id);
     [[nodiscard]] MetaRecord readMeta(const Run& run) const;
 
@@ -77,6 +87,8 @@ class SqliteStore final : public Store {
     FileStatements file_;
     MetaStatements meta_;
     ElementStatements element_;
+    SearchNotes searchNotes_;
+    std::unique_ptr<SearchEngine> search_;  ///< made when somebody searches
     /// Dynamic meta objects of this session that are not persistent.
     std::vector<MetaId> transient_;
     bool bulk_ = false;

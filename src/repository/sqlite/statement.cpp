@@ -22,12 +22,15 @@ bool Run::finishUnlessTaken() {
     return true;
 }
 
-std::u16string Run::text(int column) const {
+std::string_view Run::utf8(int column) const {
     const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement_.handle_, column));
     if (data == nullptr)
         return {};
-    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.handle_, column));
-    return loaded({data, size});
+    return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_.handle_, column))};
+}
+
+std::u16string Run::text(int column) const {
+    return loaded(utf8(column));
 }
 
 std::vector<std::uint8_t> Run::bytes(int column) const {

@@ -76,6 +76,8 @@ class Run {
         return sqlite3_column_double(statement_.handle_, column);
     }
     [[nodiscard]] std::u16string text(int column) const;
+    /// As it is stored; good until the next row.
+    [[nodiscard]] std::string_view utf8(int column) const;
     [[nodiscard]] std::vector<std::uint8_t> bytes(int column) const;
 
     void bind(int index, std::int64_t value) { sqlite3_bind_int64(statement_.handle_, index, value); }
