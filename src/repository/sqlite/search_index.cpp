@@ -33,10 +33,11 @@ SearchIndex::SearchIndex(Store& store, Database& database, SearchNotes& notes, c
       notes_(notes),
       splitter_(splitter),
       values_(values),
-      oneChange_(database,
-                 "SELECT kind, block FROM search_change WHERE typeof(kind) = 'integer' AND typeof(block) = "
-                 "'integer' LIMIT 1"),
-      removeChange_(database, "DELETE FROM search_change WHERE kind = ?1 AND block = ?2"),
+      oneChange_(
+          database,
+          "SELECT kind, element FROM search_change WHERE typeof(kind) = 'integer' AND typeof(element) = "
+          "'integer' LIMIT 1"),
+      removeChange_(database, "DELETE FROM search_change WHERE kind = ?1 AND element = ?2"),
       last_{Statement(database, "SELECT max(id) FROM node"), Statement(database, "SELECT max(id) FROM link")},
       page_{Statement(database, "SELECT id, name FROM node WHERE id > ?1 AND id <= ?2 ORDER BY id LIMIT ?3"),
             Statement(database, "SELECT id, name FROM link WHERE id > ?1 AND id <= ?2 ORDER BY id LIMIT ?3")},
@@ -91,7 +92,7 @@ void SearchIndex::work(Clock::time_point end) {
     SearchState state = notes_.read();
     bool isMore = true;
     do {
-        isMore = indexChanges(state) || indexNext(Kind::Node, state) || indexNext(Kind::Link, state);
+        isMore = indexChange() || indexNext(Kind::Node, state) || indexNext(Kind::Link, state);
     } while (isMore && Clock::now() < end);
     notes_.write(state);
 }
@@ -101,32 +102,34 @@ std::optional<SearchIndex::Change> SearchIndex::nextChange() {
     return run.row() ? std::optional(Change{run.integer(0), run.integer(1)}) : std::nullopt;
 }
 
-bool SearchIndex::indexChanges(const SearchState& state) {
+bool SearchIndex::indexChange() {
     const std::optional<Change> change = nextChange();
     if (!change)
         return false;
-    Run(removeChange_, change->kind, change->block).finish();
+    Run(removeChange_, change->kind, change->element).finish();
     // What is in a file may be anything.
-    if (change->kind < 0 || change->kind > 1 || change->block < 0 || change->block > kLinkRows / kBlockSize)
+    if (change->kind < 0 || change->kind > 1 || change->element < 1 || change->element >= kLinkRows)
         return true;
     const Kind kind = change->kind == 0 ? Kind::Node : Kind::Link;
-    const std::int64_t first = change->block * kBlockSize;
-    const auto upTo = std::min(static_cast<ElementId>(first + kBlockSize - 1), state.upTo(kind));
-    for (const Element& each :
-         elementsOf(Run(page_.at(static_cast<std::size_t>(kind)), first - 1, upTo, kBlockSize)))
-        index(kind, each.id, each.name);
+    indexPage(kind, static_cast<ElementId>(change->element - 1), static_cast<ElementId>(change->element));
     return true;
+}
+
+std::optional<ElementId> SearchIndex::indexPage(Kind kind, ElementId after, ElementId upTo) {
+    std::optional<ElementId> last;
+    for (const Element& each :
+         elementsOf(Run(page_.at(static_cast<std::size_t>(kind)), after, upTo, kPage))) {
+        index(kind, each.id, each.name);
+        last = each.id;
+    }
+    return last;
 }
 
 bool SearchIndex::indexNext(Kind kind, SearchState& state) {
     const ElementId upTo = last(kind);
     if (state.upTo(kind) >= upTo)
         return false;
-    const std::vector<Element> page =
-        elementsOf(Run(page_.at(static_cast<std::size_t>(kind)), state.upTo(kind), upTo, kPage));
-    for (const Element& each : page)
-        index(kind, each.id, each.name);
-    state.upTo(kind) = page.empty() ? upTo : page.back().id;
+    state.upTo(kind) = indexPage(kind, state.upTo(kind), upTo).value_or(upTo);
     return true;
 }
 

@@ -32,11 +32,13 @@ class SearchIndex {
     using Clock = std::chrono::steady_clock;
 
     void work(Clock::time_point end);
-    [[nodiscard]] bool indexChanges(const SearchState& state);
+    [[nodiscard]] bool indexChange();
     [[nodiscard]] bool indexNext(Kind kind, SearchState& state);
+    /// Some elements from behind `after` on; the last of them, none when there is none.
+    std::optional<ElementId> indexPage(Kind kind, ElementId after, ElementId upTo);
     void index(Kind kind, ElementId id, std::string_view name);
     struct Change {
-        std::int64_t kind, block;
+        std::int64_t kind, element;
     };
     [[nodiscard]] std::optional<Change> nextChange();
     [[nodiscard]] ElementId last(Kind kind);

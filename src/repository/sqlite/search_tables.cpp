@@ -13,11 +13,11 @@ CREATE TABLE search_state (
 );
 INSERT INTO search_state VALUES (1, 0, 0);
 
--- Blocks of elements that were changed since they came into the index.
+-- Elements that were changed since they came into the index.
 CREATE TABLE search_change (
-    kind  INTEGER NOT NULL,
-    block INTEGER NOT NULL,
-    PRIMARY KEY (kind, block)
+    kind    INTEGER NOT NULL,
+    element INTEGER NOT NULL,
+    PRIMARY KEY (kind, element)
 ) WITHOUT ROWID;
 )sql";
 

@@ -14,9 +14,6 @@ void createSearchNotes(Database& database);
 void createSearchIndex(Database& database);
 [[nodiscard]] bool hasSearchIndex(Database& database);
 
-/// Changed elements are noted in blocks of so many, so that writes next to each other note the same.
-inline constexpr std::int64_t kBlockSize = 16;
-
 /// Rows of the index: nodes by their own numbers, links behind them. Greater numbers are not searched.
 inline constexpr std::int64_t kLinkRows = std::int64_t{1} << 40;
 
