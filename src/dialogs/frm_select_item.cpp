@@ -128,21 +128,11 @@ void frmSelectItem::AddColumn(std::u16string_view name, std::int32_t width) {
     ++columns_;
 }
 
-Ref<SelectableItem> frmSelectItem::nextItem(std::u16string text, const Object& object) {
-    auto item = automation::make<SelectableItem>(counter_, std::move(text), object);
+void frmSelectItem::AddItem(const SelectableItem::Texts& texts, const Object& object) {
+    const Ref<SelectableItem> item =
+        SelectableItem::make(counter_, asListView_ ? texts : SelectableItem::Texts{texts.front()}, object);
     if (__builtin_add_overflow(counter_, 1, &counter_))
         throw automation::Error(automation::error_number::kOverflow);
-    return item;
-}
-
-void frmSelectItem::AddItem(std::u16string text, const Object& object) {
-    shownList().addObject(nextItem(std::move(text), object));
-}
-
-void frmSelectItem::AddItem(std::u16string text, const Object& object, SelectableItem::Texts&& texts) {
-    const Ref<SelectableItem> item = nextItem(std::move(text), object);
-    if (asListView_)
-        item->setTexts(std::move(texts));
     shownList().addObject(item);
 }
 

@@ -41,8 +41,8 @@ class frmSelectItem final : public ui::Form, private controls::RowChecks {
     /// Its width is in twips; the list decides where it is not positive. The first column has the items' own
     /// texts; until there is one, these have a column without a title.
     void AddColumn(std::u16string_view name, std::int32_t width);
-    void AddItem(std::u16string text, const automation::Object& object);
-    void AddItem(std::u16string text, const automation::Object& object, SelectableItem::Texts&& texts);
+    /// A list without columns shows the first of the texts only.
+    void AddItem(const SelectableItem::Texts& texts, const automation::Object& object);
 
   private:
     /// Runs a procedure of this window under its label.
@@ -58,8 +58,6 @@ class frmSelectItem final : public ui::Form, private controls::RowChecks {
     void ListView_DblClick();
     /// Enter in a list is OK, whatever a double-click there is.
     void keyInList(ui::KeyEvent& event);
-    [[nodiscard]] automation::Ref<SelectableItem> nextItem(std::u16string text,
-                                                           const automation::Object& object);
     [[nodiscard]] controls::ListView& shownList() const noexcept { return asListView_ ? listView_ : list_; }
     void tellCount();
     void savePlacement();

@@ -1,6 +1,6 @@
 #include "dialogs/select_item.h"
 
-#include <utility>
+#include "platform/automation/text_parameter.h"
 
 namespace quorel::dialogs {
 
@@ -23,19 +23,6 @@ const automation::ClassTable& SelectItem::classTable() const {
                      param(u"prop3", u""), param(u"prop4", u""), param(u"prop5", u""), param(u"prop6", u""),
                      param(u"prop7", u"")});
     return table;
-}
-
-void SelectItem::AddItem(std::u16string str, const automation::Object& ob, std::u16string prop1,
-                         std::u16string prop2, std::u16string prop3, std::u16string prop4,
-                         std::u16string prop5, std::u16string prop6, std::u16string prop7) {
-    const std::size_t length = prop1.size() + prop2.size() + prop3.size() + prop4.size() + prop5.size() +
-                               prop6.size() + prop7.size();
-    if (length == 0)
-        form()->AddItem(std::move(str), ob);
-    else
-        form()->AddItem(std::move(str), ob,
-                        {std::move(prop1), std::move(prop2), std::move(prop3), std::move(prop4),
-                         std::move(prop5), std::move(prop6), std::move(prop7)});
 }
 
 }  // namespace quorel::dialogs

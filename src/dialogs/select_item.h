@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "dialogs/frm_select_item.h"
 #include "frame/browser_class.h"
@@ -24,9 +25,11 @@ class SelectItem final : public frame::WindowClass<frmSelectItem> {
     [[nodiscard]] bool IsOk() const { return form()->IsOk(); }
     void AsListView(bool checkboxes) { form()->AsListView(checkboxes); }
     void AddColumn(const std::u16string& name, std::int32_t width) { form()->AddColumn(name, width); }
-    void AddItem(std::u16string str, const automation::Object& ob, std::u16string prop1, std::u16string prop2,
-                 std::u16string prop3, std::u16string prop4, std::u16string prop5, std::u16string prop6,
-                 std::u16string prop7);
+    void AddItem(std::u16string_view str, const automation::Object& ob, std::u16string_view prop1,
+                 std::u16string_view prop2, std::u16string_view prop3, std::u16string_view prop4,
+                 std::u16string_view prop5, std::u16string_view prop6, std::u16string_view prop7) {
+        form()->AddItem({str, prop1, prop2, prop3, prop4, prop5, prop6, prop7}, ob);
+    }
 };
 
 }  // namespace quorel::dialogs

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -35,6 +36,13 @@ class Marshalled<BSTR, std::u16string> {
   public:
     explicit Marshalled(BSTR given) : value(win32::viewOf(given)) {}
     std::u16string value;
+};
+
+template <>
+class Marshalled<BSTR, std::u16string_view> {
+  public:
+    explicit Marshalled(BSTR given) : value(win32::viewOf(given)) {}
+    std::u16string_view value;
 };
 
 template <>

@@ -323,9 +323,39 @@ TEST_F(SelectItemTest, ItemsStayInTheListTheyWereAddedTo) {
 }
 
 TEST_F(SelectItemTest, KeysOnlyGrow) {
-    const auto key = [](std::int32_t number) { return SelectableItem(number, u"", Object()).key(); };
+    const auto key = [](std::int32_t number) { return SelectableItem::make(number, {}, Object())->key(); };
     EXPECT_EQ(key(1), u"1ID:");
     EXPECT_EQ(key(23), u"23ID:");
+}
+
+TEST_F(SelectItemTest, AnItemKeepsItsTextsWhateverBecomesOfTheHosts) {
+    std::u16string texts[] = {u"oak", u"", std::u16string(300, u'x'), u"", u"last"};
+    const auto item = SelectableItem::make(1, {texts[0], texts[1], texts[2], texts[3], texts[4]}, trees_[0]);
+    texts[0] = texts[2] = texts[4] = u"gone";
+    EXPECT_EQ(item->name(), u"oak");
+    EXPECT_EQ(item->property(u"1"), u"");
+    EXPECT_EQ(item->property(u"2"), std::u16string(300, u'x'));
+    EXPECT_EQ(item->property(u"4"), u"last");
+    for (const std::u16string_view column : {u"", u"0", u"3", u"5", u"7", u"8", u"11"})
+        EXPECT_EQ(item->property(std::u16string(column)), u"");
+    EXPECT_EQ(item->object(), trees_[0]);
+}
+
+TEST_F(SelectItemTest, TextsMayBeAnythingThatConverts) {
+    create();
+    dialog_.call(u"AsListView");
+    dialog_.call(u"AddColumn", u"A");
+    dialog_.call(u"AddColumn", u"B");
+    Value variable(u"variable");
+    dialog_.call(u"AddItem", 7, trees_[0], true);
+    dialog_.call(u"AddItem", automation::byRef(variable), trees_[1], Value());
+    EXPECT_EQ(errorNumber([&] { dialog_.call(u"AddItem", Value::null(), trees_[0]); }), 94);
+    EXPECT_EQ(errorNumber([&] { dialog_.call(u"AddItem", Value::missing(), trees_[0]); }), 449);
+    EXPECT_EQ(*variable.text(), u"variable");
+    popUp([&](ui::Form& form) {
+        EXPECT_EQ(rows(listView(form)), (Rows{{u"7", u"True"}, {u"variable", u""}}));
+        world_.user.press(form, {Key::Escape});
+    });
 }
 
 TEST_F(SelectItemTest, ItIsShownAgainAsItWasLeft) {
