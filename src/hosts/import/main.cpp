@@ -5,7 +5,10 @@
 #include "platform/automation/text.h"
 
 #ifdef _WIN32
+#include "hosts/library_search.h"
+
 int wmain(int count, wchar_t** words) {
+    quorel::hosts::lookForLibrariesAtHome();
     std::vector<std::u16string> arguments;
     for (int i = 1; i < count; ++i)
         arguments.emplace_back(reinterpret_cast<const char16_t*>(words[i]));

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/library_search.h"
 #include "hosts/scripthost/console.h"
 #include "hosts/scripthost/script_engine.h"
 #include "hosts/scripthost/source_file.h"
@@ -97,6 +98,7 @@ int run(const CommandLine& command) {
 }  // namespace
 
 int wmain(int count, wchar_t** given) {
+    quorel::hosts::lookForLibrariesAtHome();
     const std::optional<CommandLine> command =
         parse(std::span(given, static_cast<std::size_t>(count)).subspan(1));
     if (!command) {
