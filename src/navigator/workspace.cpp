@@ -9,7 +9,6 @@
 
 namespace quorel::navigator {
 
-using automation::Error;
 using automation::Object;
 
 const Object& Workspace::session() {
@@ -18,33 +17,42 @@ const Object& Workspace::session() {
     return session_;
 }
 
-void Workspace::take(std::u16string_view member, const std::u16string& path) {
-    Object information;
+Object Workspace::ask(std::u16string_view member, const std::u16string& path) {
     try {
-        information = session().get(u"RepositoryManager").toObject().call(member, path).toObject();
-    } catch (const Error& error) {
+        return session().get(u"RepositoryManager").toObject().call(member, path).toObject();
+    } catch (const automation::Error& error) {
         throw withRemedy(error);
     }
+}
+
+Object Workspace::openBeside(const std::u16string& path) {
+    return ask(u"Open", path);
+}
+
+Object Workspace::createBeside(const std::u16string& path) {
+    return ask(u"Create", path);
+}
+
+void Workspace::adopt(Object information) {
     Object repository = information.get(u"Repository").toObject();
     path_ = information.get(u"FileName").toString();
     information_ = std::move(information);
     repository_ = std::move(repository);
 }
 
-void Workspace::open(const std::u16string& path) {
-    take(u"Open", path);
-}
-
-void Workspace::create(const std::u16string& path) {
-    take(u"Create", path);
-}
-
 void Workspace::close() noexcept {
-    const std::u16string path = std::exchange(path_, {});
+    const Object information = std::exchange(information_, {});
     repository_.reset();
-    information_.reset();
-    if (!path.empty())
-        frame::attempt([&] { session_.get(u"RepositoryManager").toObject().call(u"Close", path); });
+    path_.clear();
+    if (information)
+        close(information);
+}
+
+void Workspace::close(const Object& information) noexcept {
+    frame::attempt([&] {
+        const std::u16string path = information.get(u"FileName").toString();
+        session_.get(u"RepositoryManager").toObject().call(u"Close", path);
+    });
 }
 
 }  // namespace quorel::navigator
