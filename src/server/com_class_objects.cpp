@@ -13,7 +13,8 @@ std::vector<win32::ComClass> publicComClasses(const automation::ClassRegistry& r
             matrixBrowserClass(registry), propertyEditorClass(registry), progressClass(registry),
             progressBarClass(registry),   explorerClass(registry),       settingsClass(registry),
             settingEntryClass(registry),  optionsClass(registry),        fileSelectorClass(registry),
-            fileTypesClass(registry),     htExplorerClass(registry),     diagramClass(registry)};
+            fileTypesClass(registry),     htExplorerClass(registry),     diagramClass(registry),
+            showMetamodelClass(registry)};
 }
 
 win32::ComTypeLibrary publicTypeLibrary() noexcept {

@@ -11,6 +11,7 @@ namespace quorel::server {
 // the class already; from now on they have their published interface.
 [[nodiscard]] win32::ComClass blobClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass diagramClass(const automation::ClassRegistry& registry);
+[[nodiscard]] win32::ComClass showMetamodelClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass directoryChooserClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass explorerClass(const automation::ClassRegistry& registry);
 [[nodiscard]] win32::ComClass fileSelectorClass(const automation::ClassRegistry& registry);

@@ -16,6 +16,7 @@
 #include "settings/options.h"
 #include "settings/setting_entry.h"
 #include "settings/settings.h"
+#include "sixpane/show_metamodel.h"
 #include "sixpane/six_pane.h"
 
 namespace quorel::server {
@@ -56,6 +57,8 @@ void registerPublicClasses(const frame::Environment& environment) {
                             [environment] { return Object(make<settings::Options>(environment)); });
     environment.classes.add(u"QuorelDiagramWindow.Diagram",
                             [environment] { return Object(make<diagram::Diagram>(environment)); });
+    environment.classes.add(u"QuorelUtility.ShowMetamodel",
+                            [environment] { return Object(make<sixpane::ShowMetamodel>(environment)); });
     controls::registerFileClasses(environment.classes, environment.fileDialogs);
 }
 

@@ -31,7 +31,8 @@ const std::u16string_view kCreatable[] = {u"QuorelUtility.UUIDGenerator",
                                           u"QuorelUtility.DirectoryChooser",
                                           u"VardekFileSelector.FileSelector",
                                           u"VardekFileAccess.c_FileType",
-                                          u"QuorelDiagramWindow.Diagram"};
+                                          u"QuorelDiagramWindow.Diagram",
+                                          u"QuorelUtility.ShowMetamodel"};
 
 bool isLibraryRegistered() {
     TLIBATTR* attributes = nullptr;
