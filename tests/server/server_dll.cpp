@@ -48,8 +48,12 @@ HRESULT ServerDll::install(BOOL install, const wchar_t* commandLine) const {
 }
 
 win32::ComPtr<ITypeLib> loadContract() {
+    return loadContractIn(beside(L"QuorelUtility.dll"));
+}
+
+win32::ComPtr<ITypeLib> loadContractIn(const std::filesystem::path& file) {
     win32::ComPtr<ITypeLib> library;
-    EXPECT_EQ(::LoadTypeLibEx(beside(L"QuorelUtility.dll").c_str(), REGKIND_NONE, library.out()), S_OK);
+    EXPECT_EQ(::LoadTypeLibEx(file.c_str(), REGKIND_NONE, library.out()), S_OK);
     return library;
 }
 

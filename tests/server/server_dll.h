@@ -3,6 +3,7 @@
 #include <oaidl.h>
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 
 #include "platform/win32/com/com_ptr.h"
@@ -39,5 +40,7 @@ class ServerDll {
 
 /// The type library that the DLL carries.
 [[nodiscard]] win32::ComPtr<ITypeLib> loadContract();
+/// The one in any file; null when there is none.
+[[nodiscard]] win32::ComPtr<ITypeLib> loadContractIn(const std::filesystem::path& file);
 
 }  // namespace quorel::server::testing
