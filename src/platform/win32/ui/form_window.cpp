@@ -51,7 +51,9 @@ DWORD FormWindow::style() const noexcept {
 }
 
 DWORD FormWindow::extendedStyle() const noexcept {
-    return form()->isResizable() ? WS_EX_CONTROLPARENT : WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+    const DWORD takesFiles = form()->onDropFiles.isConnected() ? WS_EX_ACCEPTFILES : 0;
+    const DWORD frame = form()->isResizable() ? 0 : WS_EX_DLGMODALFRAME;
+    return WS_EX_CONTROLPARENT | frame | takesFiles;
 }
 
 NativeWindow::Description FormWindow::describe() {
@@ -70,8 +72,6 @@ ui::PixelRect FormWindow::placeAtOpening() const {
 void FormWindow::opened() {
     frame()->setForm(handle());
     frame()->setDpi(dpiOf(handle()));
-    if (form()->onDropFiles.isConnected())
-        ::DragAcceptFiles(handle(), TRUE);
 }
 
 void FormWindow::mirror(ui::Change changes) {
