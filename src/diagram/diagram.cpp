@@ -5,6 +5,7 @@
 
 #include "diagram/arrange_for_user.h"
 #include "diagram/diagram_arrange.h"
+#include "diagram/diagram_files.h"
 #include "platform/automation/error.h"
 #include "platform/automation/text.h"
 
@@ -204,6 +205,17 @@ void Diagram::PopUp() {
     if (!content().isArranged)
         arrange();
     holder_.form()->PopUp(content().isInRows ? kInRows : u"");
+}
+
+std::u16string Diagram::save(const std::u16string& path) {
+    DiagramContent& all = content();
+    if (!all.isArranged && all.isPlaced)
+        connectStraight(all.model, measure());
+    else if (!all.isArranged)
+        static_cast<void>(arrangeDiagram(all.model, measure()));
+    all.isArranged = true;
+    return saveDiagram(path, std::shared_ptr<const DiagramModel>(content_, &all.model), measure(),
+                       environment_.drawingExport);
 }
 
 }  // namespace quorel::diagram

@@ -56,6 +56,10 @@ class Diagram final : public automation::NativeObject {
     /// host placed boxes, by straight connections.
     void PopUp();
 
+    /// For programs of this house: arranges what is not arranged, without a window, and writes the drawing
+    /// into a file as `saveDiagram` does. Not published to hosts.
+    [[nodiscard]] std::u16string save(const std::u16string& path);
+
   private:
     [[nodiscard]] DiagramContent& content() const;
     [[nodiscard]] std::size_t boxOf(const std::u16string& key, const std::u16string& connection) const;

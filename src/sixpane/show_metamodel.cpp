@@ -89,6 +89,18 @@ void drawMetaLink(const Object& diagram, const Object& metaLink) {
 
 }  // namespace
 
+void describeMetamodel(const Object& diagram, const Object& repository, std::u16string_view libraryFolder) {
+    diagram.call(u"Create");
+    diagram.put(u"nodePicture", std::u16string(libraryFolder).append(kPicture));
+    diagram.call(u"LabelFont", kFont, kLabelPoints);
+    diagram.call(u"SectionFont", kFont, kSectionPoints);
+    diagram.call(u"AddStandardButtons");
+    for (const Object& metaNode : each(repository.get(u"MetaNodes").toObject()))
+        drawMetaNode(diagram, metaNode);
+    for (const Object& metaLink : each(repository.get(u"MetaLinks").toObject()))
+        drawMetaLink(diagram, metaLink);
+}
+
 const automation::ClassTable& ShowMetamodel::classTable() const {
     static const automation::ClassTable table =
         automation::ClassTable::of<ShowMetamodel>(u"ShowMetamodel")
@@ -109,15 +121,7 @@ Value ShowMetamodel::Show(const Object& repository) {
 void ShowMetamodel::draw(const Object& repository) const {
     Component component(environment_.classes.createObject(kComponent));
     const Object diagram = component.object();
-    diagram.call(u"Create");
-    diagram.put(u"nodePicture", std::u16string(environment_.libraryFolder).append(kPicture));
-    diagram.call(u"LabelFont", kFont, kLabelPoints);
-    diagram.call(u"SectionFont", kFont, kSectionPoints);
-    diagram.call(u"AddStandardButtons");
-    for (const Object& metaNode : each(repository.get(u"MetaNodes").toObject()))
-        drawMetaNode(diagram, metaNode);
-    for (const Object& metaLink : each(repository.get(u"MetaLinks").toObject()))
-        drawMetaLink(diagram, metaLink);
+    describeMetamodel(diagram, repository, environment_.libraryFolder);
     diagram.call(u"Layout", u"%HIERARCHY%");
     diagram.call(u"PopUp");
     component.destroy();

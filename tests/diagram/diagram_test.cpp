@@ -5,6 +5,7 @@
 #include "diagram/diagram_arrange.h"
 #include "diagram/property_type.h"
 #include "platform/automation/calls.h"
+#include "tests/repository/temporary_folder.h"
 #include "tests/support/picture_bytes.h"
 #include "tests/support/test_world.h"
 
@@ -256,6 +257,21 @@ TEST(PropertyType, TextsAreShownAsTheyAreAndNumbersInWords) {
     EXPECT_EQ(propertyType(u"Thing", u""), u"Thing");
     EXPECT_EQ(propertyType(u"Thing", Value()), u"Thing");
     EXPECT_EQ(propertyType(u"Thing", Value::null()), u"Thing");
+}
+
+TEST_F(DiagramTest, IsSavedArrangedWithoutAWindow) {
+    const repository::testing::TemporaryFolder folder;
+    const auto own = make<Diagram>(world.environment);
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(own->save(folder.file("a.svg"))); }), 91);
+    own->Create();
+    own->createNode(u"A", u"A", 0, 0, 3000, 1500);
+    own->createNode(u"B", u"B", 0, 0, 3000, 1500);
+    own->CreateLink(u"L", u"a to b", u"A", u"B");
+    EXPECT_EQ(own->save(folder.file("a.svg")), u"Saved in " + folder.file("a.svg"));
+    const std::string drawing = repository::testing::contentsOf(folder.path() / "a.svg");
+    EXPECT_NE(drawing.find("a to b"), std::string::npos);
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(own->save(folder.file("a.gif"))); }), 52);
+    EXPECT_EQ(folder.count(), 1U);
 }
 
 }  // namespace

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/console.h"
 #include "hosts/library_search.h"
-#include "hosts/scripthost/console.h"
 #include "hosts/scripthost/script_engine.h"
 #include "hosts/scripthost/source_file.h"
 #include "hosts/scripthost/wscript_object.h"
@@ -22,8 +22,8 @@
 namespace {
 
 using namespace quorel;
-using scripthost::Stream;
-using scripthost::writeLine;
+using hosts::Stream;
+using hosts::writeLine;
 
 constexpr int kUncaught = 1;
 constexpr int kMisused = 2;
@@ -98,7 +98,7 @@ int run(const CommandLine& command) {
 }  // namespace
 
 int wmain(int count, wchar_t** given) {
-    quorel::hosts::lookForLibrariesAtHome();
+    hosts::lookForLibrariesAtHome();
     const std::optional<CommandLine> command =
         parse(std::span(given, static_cast<std::size_t>(count)).subspan(1));
     if (!command) {

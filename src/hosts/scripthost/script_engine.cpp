@@ -2,7 +2,7 @@
 
 #include <dispex.h>
 
-#include "hosts/scripthost/console.h"
+#include "hosts/console.h"
 #include "hosts/scripthost/script_errors.h"
 #include "platform/automation/calls.h"
 #include "platform/automation/error.h"
@@ -132,7 +132,8 @@ bool ScriptEngine::run(const std::u16string& source, IDispatch& host) {
                                                    SCRIPTTEXT_ISVISIBLE, nullptr, &failure);
     if (SUCCEEDED(status))
         return true;
-    writeLine(Stream::Errors, site_->lastError().empty() ? describe(status, file_) : site_->lastError());
+    hosts::writeLine(hosts::Stream::Errors,
+                     site_->lastError().empty() ? describe(status, file_) : site_->lastError());
     return false;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/scripthost/console.h"
+#include "hosts/console.h"
 #include "hosts/scripthost/pumping.h"
 #include "platform/automation/class_table.h"
 #include "platform/automation/error.h"
@@ -93,7 +93,7 @@ Value WScriptObject::invokeExtra(MemberId, InvokeKind, std::span<Argument> argum
             line += u' ';
         line += argument.value().isNull() ? std::u16string(u"Null") : argument.value().toString();
     }
-    writeLine(Stream::Output, line);
+    hosts::writeLine(hosts::Stream::Output, line);
     return {};
 }
 
