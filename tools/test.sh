@@ -82,10 +82,12 @@ run_tests() {
     # Programs under Wine wait more than they work: they run beside the build that is left.
     begin_windows_tests
     build native-asan
+    build_shipped windows-x86
     check_headers
     run_ctest native
     run_ctest native-asan
     end_windows_tests
+    package_tests
     say "Summary ($((SECONDS - started)) s)"
     printf '   %s\n' "${summary[@]}"
     printf '\n%d passed, %d failed\n' "$passed" "$failed"
