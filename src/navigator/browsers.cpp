@@ -77,6 +77,9 @@ void Browsers::prepare(Browser which, const Object& window, const Object& shown)
         window.call(u"SetupTree");
     else
         describeExplorer(window, workspace_.repository());
+    // What the window has read may have closed the repository meanwhile, and ended the window.
+    if (!workspace_.isOpen())
+        return;
     if (canShow(which, shown))
         window.call(u"SetSelection", shown);
     window.call(u"PopUp", false);

@@ -26,6 +26,8 @@
 
 namespace quorel::navigator {
 
+class frmSearch;
+
 /// The navigator's main window: a welcome page, or the types and instances of the repository that is open.
 /// Every procedure shows its own failures in the error box with module label "Navigator"; none throws.
 ///
@@ -43,6 +45,8 @@ class frmNavigator final : public ui::Form {
     void closeRepository();
     /// Shows a node, link or type in the browser that the user prefers, in one that is open if there is one.
     void reveal(const automation::Object& object);
+    /// The window that searches everywhere; null while there is none.
+    [[nodiscard]] const std::shared_ptr<frmSearch>& searchWindow() const noexcept { return search_; }
 
   private:
     // Event handlers.
@@ -108,6 +112,8 @@ class frmNavigator final : public ui::Form {
     [[nodiscard]] std::u16string chooseBinaryProperty(std::u16string_view statement);
     void openFromFolder();
     void chooseFrom(const std::u16string& folder);
+    void search();
+    void endSearch() noexcept;
     void editOptions();
 
     // Help.
@@ -134,6 +140,7 @@ class frmNavigator final : public ui::Form {
     /// As many as were ever needed; those that are not are hidden.
     std::vector<ui::MenuItem*> windowEntries_;
     std::vector<std::u16string> shownWindows_;
+    std::shared_ptr<frmSearch> search_;
     bool wasShown_ = false;
 };
 

@@ -57,6 +57,7 @@ void frmNavigator::closeRepository() {
 }
 
 void frmNavigator::endRepository() noexcept {
+    endSearch();
     browsers_.closeAll();
     frame::attempt([this] { model_->empty(); });
     workspace_.close();

@@ -135,8 +135,6 @@ bool frmNavigator::canRun(MenuCommand command) {
             return hasFiles && workspace_.isOpen();
         case MenuCommand::Folder:
             return services_.environment.folderBrowser != nullptr;
-        case MenuCommand::Search:
-            return false;
         case MenuCommand::CloseAll:
             return !shownWindows_.empty();
         case MenuCommand::Exit:
@@ -196,6 +194,8 @@ void frmNavigator::runTool(MenuCommand command) {
     switch (command) {
         case MenuCommand::Refresh:
             return refresh();
+        case MenuCommand::Search:
+            return search();
         case MenuCommand::Properties:
             return editProperties();
         case MenuCommand::Diagram:

@@ -85,7 +85,8 @@ struct NavigatorTest : ::testing::Test {
     NavigatorTest() {
         world.environment.fileDialogs = &files;
         world.environment.libraryFolder = u"library";
-        for (const std::u16string_view picture : {u"library\\Node.ico", u"library\\Link.ico"})
+        for (const std::u16string_view picture :
+             {u"library\\Node.ico", u"library\\Link.ico", u"library\\ReposHeader.wmf"})
             world.desktop.setPicture(picture, {ui::Picture{}});
         server::registerPublicClasses(world.environment);
         world.classes.add(u"QuorelRepository.Session", [this] {
