@@ -112,6 +112,11 @@ program_tests() {
     expect "quorelimport imports the sample" run_windows 60 "$unpacked/quorelimport.exe" --jsonl \
         "$(windows_path "$unpacked/samples/library.jsonl")" "$(windows_path "$data/library.quorel")"
     expect "the repository is there" test -s "$data/library.quorel"
+    expect "navigator imports it, too" run_windows 60 "$unpacked/navigator.exe" --import \
+        "$(windows_path "$unpacked/samples/library.jsonl")" "$(windows_path "$data/navigated.quorel")"
+    expect "navigator draws its metamodel by components that are not registered" run_windows 60 "$unpacked/navigator.exe" \
+        --diagram "$(windows_path "$data/library.svg")" "$(windows_path "$data/navigated.quorel")"
+    expect "the drawing is there" grep -q '</svg>' "$data/library.svg"
     expect "nothing was written into the program's folder" is_whole "$unpacked"
 }
 
