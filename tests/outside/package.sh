@@ -102,12 +102,29 @@ registration_tests() {
     expect "unregistered again, a script has no class" has_no_class
 }
 
+# A host with a manifest of its own that names the library in the words of its documentation.
+make_own_host() { # FOLDER
+    rm -rf "$1"
+    cp -r "$unpacked" "$1"
+    chmod -R u+w "$1"
+    cp build/windows/bin/quorelscript.exe "$1/host.exe"
+    {
+        echo '<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">'
+        echo '<assemblyIdentity type="win32" name="Host" version="1.0.0.0" processorArchitecture="amd64"/>'
+        sed -n '/^```xml/,/^```$/p' docs/getting-started.md | sed '1d;$d'
+        echo '</assembly>'
+    } >"$1/host.exe.manifest"
+}
+
 # What the programs do here is done without registration, and nothing of it is written beside them.
 program_tests() {
     local data=$outside_dir/package-data
     rm -rf "$data"
     mkdir -p "$data"
     expect "a script has the class by its manifest" makes_identifiers --manifest "$(windows_path "$unpacked/QuorelUtility.manifest")"
+    make_own_host "$data/own host"
+    expect "a host has the class by its own manifest" run_windows 60 "$data/own host/host.exe" \
+        "$(windows_path "$unpacked/samples/vbscript/identifiers.vbs")" Garden
     expect "navigator tells its version" tells_version
     expect "quorelimport imports the sample" run_windows 60 "$unpacked/quorelimport.exe" --jsonl \
         "$(windows_path "$unpacked/samples/library.jsonl")" "$(windows_path "$data/library.quorel")"
