@@ -3,7 +3,6 @@
 #include <string>
 
 #include "frame/environment.h"
-#include "hosts/navigator/components.h"
 #include "navigator/services.h"
 #include "platform/win32/ui/registry_settings_store.h"
 #include "platform/win32/ui/windows_clock.h"
@@ -35,7 +34,6 @@ class Program {
     win32::WindowsValuePickers valuePickers_;
     win32::WindowsPictureObjects pictureObjects_;
     win32::WindowsDrawingExport drawingExport_;
-    Components components_;
     automation::ClassRegistry classes_;
     frame::Environment environment_;
 };
