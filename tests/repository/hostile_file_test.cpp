@@ -185,6 +185,8 @@ void walk(const std::u16string& file) {
     const auto repository = automation::make<Repository>();
     repository->open(file);
     const Object root(repository);
+    for (const Object& found : automation::each(root.call(u"Search", u"book number").toObject()))
+        static_cast<void>(found);
     for (const std::u16string collection : {u"MetaNodes", u"MetaLinks"})
         for (const Object& type : automation::each(root.get(collection).toObject()))
             for (const Object& element : automation::each(type.get(u"Extension").toObject())) {
@@ -203,6 +205,8 @@ class DamagedPages : public LibraryTest {
         const Object author = makeAuthor(u"Somebody", u"a");
         for (int i = 0; i < 100; ++i)
             link(author, extension(u"Book").get(u"Item", numbered(u"b", i)).toObject(), numbered(u"l", i));
+        while (repository_.call(u"PrepareSearch", 200).toInteger() < 100) {
+        }
         repository_.reset();
         native_->close();
         return contentsOf(path());
