@@ -27,11 +27,14 @@ binary_tests() {
         outside_passed=$((outside_passed + $(grep -oP '^\d+(?= passed)' <<<"$result" || echo 0)))
         outside_failed=$((outside_failed + $(grep -oP '\d+(?= failed$)' <<<"$result" || echo 1)))
     done
+    expect "nothing asks for a library by its name" loads_nothing_by_name
     expect "the x86 library carries the published contract" carries_contract build/windows-x86/bin/QuorelUtility.dll
     for preset in $(package_names); do
         expect "$preset: the type library is the published contract" carries_contract "$package_dir/$preset/QuorelUtility.tlb"
     done
 }
+
+loads_nothing_by_name() { ! grep -rnE 'LoadLibrary|LoadPackagedLibrary|LoadModule' src; }
 
 carries_contract() {
     cmp <(run_windows 60 build/windows/bin/server_test.exe --list-contract "$(windows_path "$1")" | tr -d '\r') \
