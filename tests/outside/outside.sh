@@ -76,6 +76,7 @@ outside_in_display() {
     selection_tests
     hierarchy_tests
     diagram_tests
+    navigator_tests
     # The last to come: it changes what the library holds.
     explorer_tests
 }
