@@ -140,8 +140,15 @@ void frmNavigator::showStatus() {
 }
 
 void frmNavigator::Types_Click() {
-    procedure(u"Types_Click", [this] { model_->showInstances(); });
+    procedure(u"Types_Click", [this] { readModel([this](const Object&) { model_->showInstances(); }); });
     enableCommands();
+}
+
+void frmNavigator::readModel(const std::function<void(const Object& repository)>& read) {
+    const Object repository = workspace_.repository();
+    read(repository);
+    if (!workspace_.isOpen())
+        model_->empty();
 }
 
 void frmNavigator::Instances_DblClick() {

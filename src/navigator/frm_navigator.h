@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -75,6 +76,8 @@ class frmNavigator final : public ui::Form {
     void enableCommands();
     void showRecentFiles();
     void showWindows();
+    /// What is read may close the repository meanwhile: then nothing of it is kept.
+    void readModel(const std::function<void(const automation::Object& repository)>& read);
     void connectCellErrors(controls::ListView& list, std::u16string_view label);
 
     // Commands.

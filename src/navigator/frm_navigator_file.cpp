@@ -35,10 +35,11 @@ void frmNavigator::work(Object information) {
     endRepository();
     workspace_.adopt(std::move(information));
     showState();
-    procedure(u"Types_Click", [this] { model_->fill(workspace_.repository()); });
-    if (!isLoaded() && wasShown_)
-        return;
+    procedure(u"Types_Click",
+              [this] { readModel([this](const Object& repository) { model_->fill(repository); }); });
     enableCommands();
+    if (!workspace_.isOpen())
+        return;
     model_->types().list().focus();
     rememberFile(workspace_.path());
 }

@@ -57,7 +57,7 @@ Object frmNavigator::selectedObject() const {
 }
 
 void frmNavigator::refresh() {
-    model_->refresh(workspace_.repository());
+    readModel([this](const Object& repository) { model_->refresh(repository); });
     enableCommands();
 }
 
