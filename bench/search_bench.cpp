@@ -137,9 +137,10 @@ void searchAsTheWindowDoes(const Object& repository, const std::u16string& text)
     }
 }
 
-class Scan {
+/// SQLite alone, on the same file.
+class Sqlite {
   public:
-    explicit Scan(const std::filesystem::path& file) {
+    explicit Sqlite(const std::filesystem::path& file) {
         sqlite3_open_v2(automation::toUtf8(file.u16string()).c_str(), &database_, SQLITE_OPEN_READWRITE,
                         nullptr);
         sqlite3_exec(database_, "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
@@ -148,9 +149,9 @@ class Scan {
                            "SELECT value FROM node_property WHERE value LIKE ?1 LIMIT 100",
                            -1, &statement_, nullptr);
     }
-    Scan(const Scan&) = delete;
-    Scan& operator=(const Scan&) = delete;
-    ~Scan() {
+    Sqlite(const Sqlite&) = delete;
+    Sqlite& operator=(const Sqlite&) = delete;
+    ~Sqlite() {
         sqlite3_finalize(statement_);
         sqlite3_close(database_);
     }
@@ -162,6 +163,22 @@ class Scan {
             sum += static_cast<std::size_t>(sqlite3_column_bytes(statement_, 0));
         sqlite3_reset(statement_);
     }
+    /// The property of nodes here and there, each in a transaction of its own.
+    void write(int round, int count) {
+        sqlite3_exec(database_, "PRAGMA synchronous = NORMAL", nullptr, nullptr, nullptr);
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(database_, "REPLACE INTO node_property (node, property, value) VALUES (?1, 4, ?2)",
+                           -1, &statement, nullptr);
+        const std::string text = "changed " + std::to_string(round);
+        std::mt19937 random(7);
+        for (int i = 0; i < count; ++i) {
+            sqlite3_bind_int64(statement, 1, static_cast<sqlite3_int64>(random() % kNodes + 1));
+            sqlite3_bind_text(statement, 2, text.c_str(), -1, SQLITE_STATIC);
+            sqlite3_step(statement);
+            sqlite3_reset(statement);
+        }
+        sqlite3_finalize(statement);
+    }
 
   private:
     sqlite3* database_ = nullptr;
@@ -170,7 +187,7 @@ class Scan {
 
 void compareKeystrokes(const std::filesystem::path& file) {
     const Object repository = opened(file);
-    Scan scan(file);
+    Sqlite scan(file);
     double slowest = 0;
     for (const char16_t* text : {u"n",
                                  u"nu",
@@ -230,6 +247,7 @@ void compareWrites(const std::filesystem::path& indexed, const std::filesystem::
     const Object second = opened(plain);
     const std::vector<Object> withIndex = nodesOf(first, random);
     const std::vector<Object> without = nodesOf(second, random);
+    Sqlite raw(plain);
     int round = 0;
     const auto write = [&round](const std::vector<Object>& nodes) {
         const Value value(numbered(u"changed ", static_cast<std::size_t>(++round)));
@@ -239,6 +257,9 @@ void compareWrites(const std::filesystem::path& indexed, const std::filesystem::
     bench::compare(
         "a value written with an index / without one", kWrites, 1.2, [&] { write(withIndex); },
         [&] { write(without); });
+    bench::compare(
+        "a value written with an index / the same statement of SQLite alone", kWrites, 0,
+        [&] { write(withIndex); }, [&] { raw.write(++round, kWrites); });
     const double catchUp = bench::seconds([&] {
         while (first.call(u"PrepareSearch", 50).toInteger() < 100) {
         }

@@ -283,7 +283,7 @@ TEST_F(Search, WordsThatBeginAlikeByTheThousandAreToldApart) {
     {
         Transaction transaction(native_->store());
         const MetaId book = native_->metaNamed(Kind::Node, u"Book").id;
-        for (int i = 0; i < 10'000; ++i)
+        for (int i = 0; i < 14'000; ++i)
             native_->store().addNode(book,
                                      numbered(u"No. customer", i) + (i % 2 == 0 ? u" custody" : u" value"),
                                      numbered(u"b", i));

@@ -74,7 +74,10 @@ Entries ownEntries(std::int64_t version) {
 }  // namespace
 
 void checkSchema(Database& database) {
-    const Entries own = ownEntries(database.number("PRAGMA user_version"));
+    const std::int64_t version = database.number("PRAGMA user_version");
+    static const Entries present = ownEntries(kSchemaVersion);
+    const Entries older = version < kSchemaVersion ? ownEntries(version) : Entries();
+    const Entries& own = version < kSchemaVersion ? older : present;
     for (const auto& [name, entry] : readEntries(database)) {
         const auto known = own.find(name);
         const std::u16string called = entry.type + u' ' + inQuotes(name);

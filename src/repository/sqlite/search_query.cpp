@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kLastCharacter = "\xF4\x8F\xBF\xBF";
 /// Putting the rows of more words than these together would take longer than looking at what shorter
 /// beginnings of them find.
-constexpr std::int64_t kCommon = 3'000;
+constexpr std::int64_t kCommon = 12'000;
 /// After so many rows that were not wanted they are put together nevertheless.
 constexpr std::size_t kPatientRows = 4'000;
 
