@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# The demo: the machine's Debian package index in the six-pane browser. Sourced by ./quorel.
+# The demo: a tour of every window on the machine's Debian package index. Sourced by ./quorel.
 
 demo_dir=$top/build/demo
 demo_repository=$demo_dir/debian.quorel
@@ -36,7 +36,7 @@ show_panes() {
 }
 
 drive_browser() {
-    spy frmSixPane wait 60 || fail "the six-pane browser did not appear; see $logs/demo-host.log"
+    spy frmSixPane wait 60 || fail "the six-pane browser did not appear; see $logs/demo-navigator.log"
     picture 1-opened
     say "A click on the source meta node Package"
     choose frmSixPane SourceMetaNode Package
@@ -60,7 +60,7 @@ drive_browser() {
     picture 5-filter
     xdotool key Escape
     edit_in_browser
-    say "Alt+F4 closes the window, and the host ends"
+    say "Alt+F4 closes the window"
     xdotool key alt+F4
     spy frmSixPane gone 20 || fail "the window did not close"
 }
@@ -112,23 +112,11 @@ show_selected() {
     done
 }
 
-demo_host() {
-    run_windows "$1" build/windows/bin/quorelscript.exe "$(windows_path samples/vbscript/browse.vbs)" \
-        "$(windows_path "$demo_repository")" >"$logs/demo-host.log" 2>&1
-}
-
 demo_in_virtual_display() {
-    local host status=0
-    demo_host 300 &
-    host=$!
-    drive_browser || status=$?
-    wait "$host" || status=$?
-    [[ $status == 0 ]] || return "$status"
-    demo_matrix
+    demo_navigator
     demo_explorer
-    demo_ht_explorer
     demo_selection
-    demo_diagram
+    contact_sheet
 }
 
 run_demo() {
@@ -141,8 +129,9 @@ run_demo() {
     register_components
     graphics x11
     if [[ -n ${DISPLAY:-} ]]; then
-        say "The six-pane browser is yours; close it to end the demo"
-        demo_host 86400 || fail "the host failed; see $logs/demo-host.log"
+        say "The navigator is yours; close it to end the demo"
+        run_windows 86400 build/windows/bin/navigator.exe "$(windows_path "$demo_repository")" >"$logs/demo-navigator.log" 2>&1 ||
+            fail "the navigator failed; see $logs/demo-navigator.log"
     else
         say "There is no display, so the demo runs in a virtual one"
         with_display demo_in_virtual_display || fail "the demo failed; see $logs/demo-host.log"

@@ -5,7 +5,7 @@
 diagram_picture() { picture "diagram-$1"; }
 
 walk_diagram() {
-    spy frmDiagram wait 60 || fail "the diagram did not appear; see $logs/demo-diagram.log"
+    spy frmDiagram wait 60 || fail "the diagram did not appear; see $logs/demo-navigator.log"
     say "The metamodel of the package index: $(spy frmDiagram panels StatusBar1 | head -n 3 | tr '\n' ' ')"
     sleep 1
     diagram_picture 1-opened
@@ -30,14 +30,4 @@ walk_diagram() {
     sleep 0.3
     xdotool key Escape
     spy frmDiagram gone 20 || fail "the diagram did not close"
-}
-
-demo_diagram() {
-    local host status=0
-    run_windows 300 build/windows/bin/quorelscript.exe "$(windows_path samples/vbscript/metamodel.vbs)" \
-        "$(windows_path "$demo_repository")" >"$logs/demo-diagram.log" 2>&1 &
-    host=$!
-    walk_diagram || status=$?
-    wait "$host" || status=$?
-    return "$status"
 }

@@ -10,7 +10,7 @@ show_hierarchy_entry() {
 }
 
 walk_hierarchy() {
-    spy frmHTExplorer wait 60 || fail "the hierarchy explorer did not appear; see $logs/demo-hierarchy.log"
+    spy frmHTExplorer wait 60 || fail "the hierarchy explorer did not appear; see $logs/demo-navigator.log"
     say "The hierarchy explorer over the package index: its types"
     spy frmHTExplorer items HierarchyTreeView1 20 | sed 's/^/   /'
     hierarchy_picture 1-types
@@ -45,14 +45,4 @@ walk_hierarchy() {
     done
     xdotool key alt+F4
     spy frmHTExplorer gone 20 || fail "the window did not close"
-}
-
-demo_ht_explorer() {
-    local host status=0
-    run_windows 300 build/windows/bin/quorelscript.exe "$(windows_path samples/vbscript/htexplorer.vbs)" \
-        "$(windows_path "$demo_repository")" >"$logs/demo-hierarchy.log" 2>&1 &
-    host=$!
-    walk_hierarchy || status=$?
-    wait "$host" || status=$?
-    return "$status"
 }

@@ -34,7 +34,7 @@ first_target() { matrix_rows TargetInstanceList 3 | sed -n 3p | cut -f2; }
 
 walk_dependencies() {
     local step target
-    spy frmMatrixBrowser wait 60 || fail "the matrix browser did not appear; see $logs/demo-matrix.log"
+    spy frmMatrixBrowser wait 60 || fail "the matrix browser did not appear; see $logs/demo-navigator.log"
     say "The matrix browser with the package $demo_package as the source"
     xdotool key ctrl+Home
     for step in 1 2 3; do
@@ -57,16 +57,4 @@ walk_dependencies() {
     picture matrix-5-back
     xdotool key alt+F4
     spy frmMatrixBrowser gone 20 || fail "the window did not close"
-}
-
-demo_package=openbox
-
-demo_matrix() {
-    local host status=0
-    run_windows 300 build/windows/bin/quorelscript.exe "$(windows_path samples/vbscript/matrixbrowser.vbs)" \
-        "$(windows_path "$demo_repository")" Package "$demo_package" >"$logs/demo-matrix.log" 2>&1 &
-    host=$!
-    walk_dependencies || status=$?
-    wait "$host" || status=$?
-    return "$status"
 }
