@@ -27,7 +27,7 @@ search_everywhere() {
     # The first search of a repository makes its index.
     for _ in {1..300}; do spy frmSearch panels StatusBar | grep -q Indexing || break; sleep 1; done
     xdotool type --delay 40 "$demo_package"
-    sleep 1.5
+    for _ in {1..30}; do [[ $(spy frmSearch rows Results 1 | wc -l) -gt 2 ]] && break; sleep 0.5; done
     navigator_picture 2-search
     xdotool key Return
     spy frmSixPane wait 30 || fail "what was found was not shown; see $logs/demo-navigator.log"
