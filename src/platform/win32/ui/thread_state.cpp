@@ -10,7 +10,20 @@ namespace quorel::win32 {
 
 namespace {
 constexpr UINT kWakeUp = WM_APP;
-}
+constexpr UINT_PTR kUserServed = 1;
+
+class RunningTask {
+  public:
+    explicit RunningTask(bool& flag) noexcept : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~RunningTask() { flag_ = before_; }
+    RunningTask(const RunningTask&) = delete;
+    RunningTask& operator=(const RunningTask&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+}  // namespace
 
 ThreadState::~ThreadState() {
     close();
@@ -30,7 +43,22 @@ void ThreadState::post(std::function<void()> task) {
     if (window_ == nullptr)
         makeWindow();
     tasks_.push_back({std::move(task), depth_});
-    ::PostMessageW(window_, kWakeUp, 0, 0);
+    wakeUp();
+}
+
+// A posted message comes before input and painting, and a timer after both.
+void ThreadState::wakeUp() {
+    const auto userWaits = [] { return HIWORD(::GetQueueStatus(QS_INPUT | QS_PAINT)) != 0; };
+    if (runsTask_ && userWaits() && ::SetTimer(window_, kUserServed, USER_TIMER_MINIMUM, nullptr) != 0)
+        ++later_;
+    else
+        ::PostMessageW(window_, kWakeUp, 0, 0);
+}
+
+void ThreadState::userWasServed() {
+    ::KillTimer(window_, kUserServed);
+    for (; later_ > 0; --later_)
+        ::PostMessageW(window_, kWakeUp, 0, 0);
 }
 
 void ThreadState::close() noexcept {
@@ -52,7 +80,7 @@ void ThreadState::makeWindow() {
 }
 
 void ThreadState::dropWindow() noexcept {
-    waiting_ = 0;
+    waiting_ = later_ = 0;
     if (const HWND window = std::exchange(window_, nullptr)) {
         ::DestroyWindow(window);
         countGone(Counted::Window);
@@ -60,10 +88,13 @@ void ThreadState::dropWindow() noexcept {
 }
 
 LRESULT CALLBACK ThreadState::serve(HWND window, UINT message, WPARAM w, LPARAM l) {
+    auto* const state = reinterpret_cast<ThreadState*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message == WM_TIMER && w == kUserServed)
+        state->userWasServed();
     if (message != kWakeUp)
         return ::DefWindowProcW(window, message, w, l);
     try {
-        reinterpret_cast<ThreadState*>(::GetWindowLongPtrW(window, GWLP_USERDATA))->runNext();
+        state->runNext();
     } catch (...) {
         countStrayException();
     }
@@ -87,6 +118,7 @@ void ThreadState::runNext() {
     if (tasks_.empty())
         dropWindow();
     const HandlerDepth scope(*this);
+    const RunningTask running(runsTask_);
     run();
 }
 

@@ -25,7 +25,8 @@ class ThreadState {
     void leave() noexcept;
 
     /// Runs `task` from the message loop, but not before the handlers that run now have returned: a loop
-    /// nested in one of them (a modal window, a message box) leaves it waiting.
+    /// nested in one of them (a modal window, a message box) leaves it waiting. A task that a task posts lets
+    /// what the user does and what is to be painted go first, so that work in slices stops nobody.
     void post(std::function<void()> task);
     [[nodiscard]] bool hasTasks() const noexcept { return !tasks_.empty(); }
     /// Drops what waits; nothing is taken afterwards.
@@ -42,12 +43,16 @@ class ThreadState {
     static LRESULT CALLBACK serve(HWND window, UINT message, WPARAM w, LPARAM l);
     void makeWindow();
     void dropWindow() noexcept;
+    void wakeUp();
+    void userWasServed();
     [[nodiscard]] std::deque<Task>::iterator nextDue() noexcept;
     void runNext();
 
     WindowClasses* classes_;
     int depth_ = 0;
     int waiting_ = 0;  ///< wake-ups that found nothing they may run yet
+    int later_ = 0;    ///< wake-ups that let the user go first
+    bool runsTask_ = false;
     HWND window_ = nullptr;
     std::deque<Task> tasks_;
     std::weak_ptr<KeyboardHook> keyboard_;
