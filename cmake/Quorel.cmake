@@ -13,10 +13,9 @@ set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
-# The presets native and native-asan compile several sources of a room as one (CMAKE_UNITY_BUILD), since most of the
-# time goes into headers; so names in a room's unnamed namespaces are unique within the room. The preset windows compiles
-# every source alone, which is where includes that are missing are found. A cache of compilations holds more with
-# -DCMAKE_UNITY_BUILD=OFF.
+# Several sources of a room are compiled as one (CMAKE_UNITY_BUILD), since most of the time goes into headers; so names
+# in a room's unnamed namespaces are unique within the room. A cache of compilations holds more with
+# -DCMAKE_UNITY_BUILD=OFF, and that is where an include that is missing in a source is found.
 if(NOT DEFINED CMAKE_UNITY_BUILD_BATCH_SIZE)
     set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 endif()

@@ -10,7 +10,7 @@ namespace quorel::spy {
 
 namespace {
 
-constexpr std::size_t kLongestCaption = 512;
+constexpr std::size_t kLongestTab = 512;
 
 [[nodiscard]] std::wstring withoutDoubling(std::wstring caption) {
     for (std::size_t at = 0; (at = caption.find(L"&&", at)) != std::wstring::npos; ++at)
@@ -22,16 +22,16 @@ constexpr std::size_t kLongestCaption = 512;
 
 std::vector<std::wstring> TabReader::captions() const {
     std::vector<std::wstring> found;
-    const RemoteMemory memory(tabs_, sizeof(TCITEMW) + kLongestCaption * sizeof(wchar_t));
+    const RemoteMemory memory(tabs_, sizeof(TCITEMW) + kLongestTab * sizeof(wchar_t));
     const LRESULT count = SendMessageW(tabs_, TCM_GETITEMCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
         TCITEMW item{};
         item.mask = TCIF_TEXT;
         item.pszText = reinterpret_cast<wchar_t*>(memory.address() + sizeof(TCITEMW));
-        item.cchTextMax = static_cast<int>(kLongestCaption);
+        item.cchTextMax = static_cast<int>(kLongestTab);
         memory.write(0, &item, sizeof item);
         SendMessageW(tabs_, TCM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(memory.address()));
-        found.push_back(withoutDoubling(memory.text(sizeof(TCITEMW), kLongestCaption)));
+        found.push_back(withoutDoubling(memory.text(sizeof(TCITEMW), kLongestTab)));
     }
     return found;
 }

@@ -10,6 +10,7 @@
 #include "platform/win32/ui/picture_decoder.h"
 #include "platform/win32/ui/services.h"
 #include "platform/win32/ui/windows_drawing_export.h"
+#include "tests/platform/win32/ui/colours.h"
 #include "tests/platform/win32/ui/windows_fixture.h"
 
 namespace quorel::win32::testing {
@@ -19,7 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr ui::Colour kRed{200, 30, 40}, kBlue{20, 60, 200}, kBlack{};
 constexpr ui::Size kDrawing{14'400_tw, 7200_tw};
 
 /// A frame along the edges, a filled corner, a text, a line across.

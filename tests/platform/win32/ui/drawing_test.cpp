@@ -2,6 +2,7 @@
 
 #include "platform/ui/drawing_area.h"
 #include "platform/win32/ui/native_scope.h"
+#include "tests/platform/win32/ui/colours.h"
 #include "tests/platform/win32/ui/snapshot.h"
 #include "tests/platform/win32/ui/windows_fixture.h"
 
@@ -10,8 +11,6 @@ namespace quorel::win32::testing {
 using namespace ui::literals;
 
 namespace {
-
-constexpr ui::Colour kRed{200, 30, 40}, kBlue{20, 60, 200}, kWhite{255, 255, 255}, kBlack{};
 
 struct DrawingForm {
     explicit DrawingForm(ui::Desktop& desktop)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/ui/glyphs.h"
+#include "tests/platform/win32/ui/colours.h"
 #include "tests/platform/win32/ui/snapshot.h"
 #include "tests/platform/win32/ui/windows_fixture.h"
 
@@ -77,7 +78,6 @@ TEST_F(Looks, AButtonPaintsItsDrawingPixelByPixelAtEveryResolution) {
 }
 
 TEST_F(Looks, APictureOfAListGrowsWithTheResolution) {
-    constexpr ui::Colour kRed{200, 30, 40};
     ui::Picture picture{16, 16, {}};
     for (int i = 0; i < 16 * 16; ++i)
         picture.rgba.insert(picture.rgba.end(), {kRed.red, kRed.green, kRed.blue, 255});
