@@ -19,8 +19,8 @@ using namespace ui::literals;
 namespace {
 
 constexpr ui::Size kFirstSearchSize{9600_tw, 6600_tw};
-constexpr ui::Twips kKindColumn = 1050_tw, kNameColumn = 3000_tw, kTypeColumn = 2100_tw,
-                    kWhereColumn = 3000_tw;
+constexpr ui::Twips kFoundKindWidth = 1050_tw, kFoundNameWidth = 3000_tw, kFoundTypeWidth = 2100_tw,
+                    kFoundWhereWidth = 3000_tw;
 constexpr ui::Twips kProgressWidth = 1800_tw;
 
 /// More than a screen shows; who needs more types more.
@@ -29,7 +29,7 @@ constexpr std::int32_t kMostResults = 100;
 constexpr std::int32_t kSliceMs = 40;
 /// So much more in the index, in percent, is worth another look for what was not found.
 constexpr std::int32_t kWorthAnotherLook = 10;
-constexpr std::int32_t kAll = 100;
+constexpr std::int32_t kAllIndexed = 100;
 constexpr std::int64_t kPageOfRows = 10;
 
 [[nodiscard]] std::u16string countText(std::size_t count) {
@@ -63,10 +63,10 @@ frmSearch::frmSearch(const frame::Environment& environment, Object repository)
     setText(u"Search Everywhere");
     caption_.setText(u"&Search for");
     query_.setCueText(u"Words of names and values");
-    results_.addColumn(u"Kind", u"Kind", kKindColumn);
-    results_.addColumn(u"Name", u"LinkName", kNameColumn);
-    results_.addColumn(u"Type", u"Type", kTypeColumn);
-    results_.addColumn(u"Where", u"Where", kWhereColumn);
+    results_.addColumn(u"Kind", u"Kind", kFoundKindWidth);
+    results_.addColumn(u"Name", u"LinkName", kFoundNameWidth);
+    results_.addColumn(u"Type", u"Type", kFoundTypeWidth);
+    results_.addColumn(u"Where", u"Where", kFoundWhereWidth);
     results_.list().setToolTip(u"Enter shows what is selected in a browser");
     connectParts();
     const ui::Size line = desktop().textSize(u"Search for");
@@ -108,7 +108,7 @@ void frmSearch::Form_Load() {
             return;
         }
         indexSoon();
-        indexed_ = isIndexing_ ? 0 : kAll;
+        indexed_ = isIndexing_ ? 0 : kAllIndexed;
         search();
     });
 }
@@ -249,18 +249,19 @@ void frmSearch::indexSome() {
     if (!isLoaded())
         return;
     tellProgress(percent);
-    if (percent < kAll)
+    if (percent < kAllIndexed)
         indexSoon();
-    const bool hasMore = percent >= kAll ? searchedAt_ < kAll : percent >= searchedAt_ + kWorthAnotherLook;
+    const bool hasMore =
+        percent >= kAllIndexed ? searchedAt_ < kAllIndexed : percent >= searchedAt_ + kWorthAnotherLook;
     const bool isUntouched = results_.list().selectedRow().value_or(0) == 0;
     if (hasMore && isUntouched && results_.count() < static_cast<std::size_t>(kMostResults))
         search();
 }
 
 void frmSearch::tellProgress(std::int32_t percent) {
-    indexed_ = std::clamp(percent, 0, kAll);
+    indexed_ = std::clamp(percent, 0, kAllIndexed);
     statusBar_.setPanelText(
-        1, indexed_ == kAll ? std::u16string() : u"Indexing " + automation::decimal(indexed_) + u" %");
+        1, indexed_ == kAllIndexed ? std::u16string() : u"Indexing " + automation::decimal(indexed_) + u" %");
 }
 
 }  // namespace quorel::navigator

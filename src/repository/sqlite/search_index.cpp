@@ -12,13 +12,13 @@ namespace {
 /// The clock is asked after so many elements.
 constexpr int kPage = 16;
 
-struct Element {
+struct NamedElement {
     ElementId id;
     std::string name;
 };
 
-std::vector<Element> elementsOf(Run&& run) {
-    std::vector<Element> elements;
+std::vector<NamedElement> elementsOf(Run&& run) {
+    std::vector<NamedElement> elements;
     while (run.row())
         elements.push_back({run.id<ElementId>(0), std::string(run.utf8(1).substr(0, kSearchedLength))});
     return elements;
@@ -117,7 +117,7 @@ bool SearchIndex::indexChange() {
 
 std::optional<ElementId> SearchIndex::indexPage(Kind kind, ElementId after, ElementId upTo) {
     std::optional<ElementId> last;
-    for (const Element& each :
+    for (const NamedElement& each :
          elementsOf(Run(page_.at(static_cast<std::size_t>(kind)), after, upTo, kPage))) {
         index(kind, each.id, each.name);
         last = each.id;
