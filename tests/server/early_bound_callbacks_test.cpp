@@ -28,7 +28,6 @@ using win32::viewOf;
 using Log = std::vector<std::wstring>;
 namespace user = win32::testing;
 
-constexpr auto kNotSet = static_cast<HRESULT>(0x800A005B);
 constexpr auto kRaised = static_cast<HRESULT>(0x800A04D2);  // 1234
 enum Line : std::size_t { kAge, kNote };
 

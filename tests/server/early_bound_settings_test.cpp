@@ -19,7 +19,6 @@ using win32::makeBstr;
 using win32::Variant;
 using win32::viewOf;
 
-constexpr auto kNotSet = static_cast<HRESULT>(0x800A005B);
 constexpr std::u16string_view kCategory = u"Browser";
 constexpr wchar_t kPlace[] = L"Software\\VB and VBA Program Settings\\Browser";
 

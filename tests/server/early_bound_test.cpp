@@ -17,8 +17,6 @@ using win32::makeBstr;
 using win32::Variant;
 using win32::viewOf;
 
-constexpr auto kNotSet = static_cast<HRESULT>(0x800A005B);
-
 class EarlyBound : public ::testing::Test {
   protected:
     ServerDll dll;

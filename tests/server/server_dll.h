@@ -11,6 +11,9 @@
 
 namespace quorel::server::testing {
 
+/// What a member gives to who calls it before `Create`: error 91.
+inline constexpr auto kNotSet = static_cast<HRESULT>(0x800A005B);
+
 /// A file beside the test program.
 [[nodiscard]] std::wstring beside(const wchar_t* file);
 
