@@ -5,9 +5,13 @@
 
 #include <memory>
 
+#include "frame/guarded.h"
+#include "frame/report_error.h"
+#include "navigator/batch.h"
 #include "navigator/frm_navigator.h"
 #include "platform/win32/com/bridge.h"
 #include "platform/win32/com/this_module.h"
+#include "platform/win32/system_error.h"
 #include "platform/win32/text.h"
 
 namespace quorel::hosts {
@@ -22,10 +26,8 @@ void freeTaskMemory(wchar_t* text) noexcept {
 
 [[nodiscard]] std::u16string userFolder() {
     win32::Unique<wchar_t*, freeTaskMemory> folder;
-    const HRESULT found =
-        ::SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DONT_VERIFY, nullptr, folder.out());
-    if (FAILED(found))
-        return win32::thisModuleFolder();
+    win32::check(::SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DONT_VERIFY, nullptr, folder.out()),
+                 u"finding the folder of the user's data");
     return std::u16string(win32::narrowView(folder.get())).append(kOwnFolder);
 }
 
@@ -58,6 +60,15 @@ Program::Program()
                    .cancelKey = &desktop_} {}
 
 int Program::show(const std::u16string& file) {
+    try {
+        return serve(file);
+    } catch (...) {
+        frame::ReportError(desktop_, frame::caughtError(), u"Navigator", u"show");
+        return navigator::kFailed;
+    }
+}
+
+int Program::serve(const std::u16string& file) {
     const navigator::Services services{environment_, userFolder(), win32::thisModuleFolder()};
     const auto window = std::make_shared<navigator::frmNavigator>(services);
     window->onUnload.connect([] { ::PostQuitMessage(0); });

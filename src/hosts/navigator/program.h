@@ -23,10 +23,12 @@ class Program {
 
     [[nodiscard]] const frame::Environment& environment() const noexcept { return environment_; }
     /// Shows the main window, with that file if it is not empty, and serves the user until it is closed.
-    /// Returns the exit code.
+    /// Returns the exit code. What keeps the window from showing is told in the error box.
     [[nodiscard]] int show(const std::u16string& file);
 
   private:
+    [[nodiscard]] int serve(const std::u16string& file);
+
     win32::WindowsDesktop desktop_;
     win32::RegistrySettingsStore settings_;
     win32::WindowsClock clock_;
