@@ -29,7 +29,7 @@ struct ModelLayout {
 };
 
 /// The share of the types where the user has not moved the splitter, in ten-thousandths of the room.
-inline constexpr std::int32_t kFirstShare = 3000;
+inline constexpr std::int32_t kFirstShare = 3500;
 
 /// The types at the left, the instances at the right. Neither gets smaller than can be used while the window
 /// has its least size.
