@@ -64,7 +64,7 @@ class frmSearch final : public ui::Form {
     ui::TextBox& query_;
     controls::ListView& results_;
     ui::StatusBar& statusBar_;
-    std::uint64_t searches_ = 0;  ///< so that a search which another one overtook is known
+    std::uint64_t searches_ = 0;   ///< so that a search which another one overtook is known
     std::int32_t indexed_ = 0;     ///< in percent, as it was told last
     std::int32_t searchedAt_ = 0;  ///< what was indexed when the search began
     bool isSearchable_ = false;
