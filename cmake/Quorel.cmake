@@ -58,6 +58,11 @@ endif()
 function(quorel_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
     add_library(${name} STATIC ${arg_SOURCES})
+    if(WIN32 AND CMAKE_CXX_FLAGS_RELEASE MATCHES "-O3")
+        # Of sources compiled as one, GCC 12 for Windows loses at -O3 what an exception on its way through a member should
+        # release (Object.FailingMemberLeavesTheCountBalanced shows it).
+        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
     target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE quorel_options)
     target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
 endfunction()
