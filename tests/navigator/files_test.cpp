@@ -22,7 +22,7 @@ constexpr std::string_view kEcore =
 )";
 
 struct Files : NavigatorTest {
-    const std::u16string library = std::u16string(u"" QUOREL_PROGRAM_FOLDER "/samples/library.jsonl");
+    const std::u16string library = programFolder() + u"/samples/library.jsonl";
 
     std::u16string ecore() const {
         writeFile(folder.path() / "shop.ecore", std::string(kEcore));
@@ -100,7 +100,7 @@ TEST_F(Files, ExportWritesWhatReadsBackAsTheSame) {
     const std::u16string text = messageOf([this] { choose(u"mnuExport"); });
     EXPECT_TRUE(contains(text, u"to '" + folder.file("out.jsonl") + u"'"));
     EXPECT_EQ(contentsOf(folder.path() / "out.jsonl"),
-              contentsOf(std::filesystem::path(QUOREL_PROGRAM_FOLDER) / "samples/library.jsonl"));
+              contentsOf(std::filesystem::path(programFolder()) / "samples/library.jsonl"));
     EXPECT_EQ(files.requests.back().fileName, u"books.jsonl");
 }
 

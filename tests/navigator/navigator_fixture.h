@@ -29,6 +29,9 @@ using automation::make;
 using automation::Object;
 using automation::Ref;
 
+/// Where the sample lies as it ships, without a separator at its end.
+[[nodiscard]] std::u16string programFolder();
+
 /// Answers with the paths that a test has put there, one a dialog; none cancels. Keeps what it was asked.
 class ScriptedDialogs final : public shell::FileDialogs {
   public:
@@ -93,8 +96,7 @@ struct NavigatorTest : ::testing::Test {
             return Object(make<repository::Session>(repository::Services{
                 {}, [this](std::u16string_view progId) { return world.classes.createObject(progId); }}));
         });
-        services.emplace(
-            Services{world.environment, folder.file("user"), std::u16string(u"" QUOREL_PROGRAM_FOLDER)});
+        services.emplace(Services{world.environment, folder.file("user"), programFolder()});
     }
     ~NavigatorTest() override {
         form.reset();
@@ -113,8 +115,8 @@ struct NavigatorTest : ::testing::Test {
     std::u16string sample(const std::string& name = "books.quorel") const {
         const std::u16string file = folder.file(name);
         repository::importInto(repository::ImportKind::JsonLines,
-                               {std::u16string(u"" QUOREL_PROGRAM_FOLDER "/samples/library.jsonl")}, file,
-                               true, [](const repository::Progress&) {});
+                               {programFolder() + u"/samples/library.jsonl"}, file, true,
+                               [](const repository::Progress&) {});
         return file;
     }
     frmNavigator& open(const std::u16string& file) {
