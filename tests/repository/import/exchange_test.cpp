@@ -101,7 +101,8 @@ TEST(Exchange, PackageListsComeFromFilesAndFolders) {
     writeFile(folder.path() / "Packages", "Package: b\nVersion: 1\nDepends: a\n\n");
     writeFile(folder.path() / "y_Packages.lz4", "packed");
     std::filesystem::create_directory(folder.path() / "lists");
-    std::filesystem::copy(folder.path() / "x_binary-amd64_Packages", folder.path() / "lists");
+    std::filesystem::copy_file(folder.path() / "x_binary-amd64_Packages",
+                               folder.path() / "lists" / "x_binary-amd64_Packages");
     const ImportReport made =
         importInto(ImportKind::PackageIndex, {folder.file("lists"), folder.file("Packages")}, folder.file(),
                    false, kNoProgress);
