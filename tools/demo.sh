@@ -102,6 +102,17 @@ edit_in_browser() {
     click_on frmSixPane DeleteTargetNode
     picture 11-all-deleted
     show_selected SourceNode Link TargetNode
+    say "Edit Metamodel, and Ins in the types: a new one is asked for, and not made"
+    xdotool key --delay 150 alt+e m
+    sleep 0.5
+    click_on frmSixPane SourceMetaNode
+    xdotool key Insert
+    spy frmDynMetaObject wait 10 || fail "the dialog for a type did not appear"
+    sleep 0.5
+    xdotool type --delay 40 Review
+    picture 12-new-type
+    xdotool key Escape
+    spy frmDynMetaObject gone 10 || fail "the dialog for a type did not close"
 }
 
 # show_selected CONTROL...: the count and the selected row of each.
@@ -116,6 +127,7 @@ demo_in_virtual_display() {
     demo_navigator
     demo_explorer
     demo_selection
+    demo_progress
     contact_sheet
 }
 

@@ -55,6 +55,16 @@ walk_dependencies() {
     sleep 1
     show_source
     picture matrix-5-back
+    say "Enter on the source opens its properties"
+    click_on frmMatrixBrowser SourceInstanceList
+    xdotool key Return
+    spy NodeEdit wait 10 || fail "the node's properties did not appear"
+    sleep 0.5
+    picture matrix-6-node
+    xdotool key Escape
+    spy NodeEdit gone 10 || fail "the node's properties did not close"
+    click_on frmMatrixBrowser SourceMetaNodeList
+    sleep 0.5
     xdotool key alt+F4
     spy frmMatrixBrowser gone 20 || fail "the window did not close"
 }

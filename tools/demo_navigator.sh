@@ -77,8 +77,12 @@ tour_by_navigator() {
     walk_hierarchy
     from_navigator ctrl+d frmDiagram
     walk_diagram
-    say "The navigator is closed"
+    say "Ctrl+W closes the repository; what was open last is on the welcome page"
     navigator_to_front
+    xdotool key ctrl+w
+    sleep 1
+    navigator_picture 6-welcome
+    say "The navigator is closed"
     xdotool key alt+F4
     spy frmNavigator gone 20 || fail "the navigator did not close"
 }
@@ -95,8 +99,9 @@ demo_navigator() {
 # One picture of every window, for who wants to see what there is.
 contact_sheet() {
     local name pictures=()
-    for name in navigator-1-opened navigator-2-search navigator-4-properties 4-link 6-new-node matrix-1-depends explorer-4-dependency \
-        hierarchy-4-meta-link diagram-3-found navigator-5-options selection-2-perl selection-3-folders; do
+    for name in navigator-6-welcome navigator-1-opened navigator-2-search 4-link 6-new-node 12-new-type matrix-1-depends matrix-6-node \
+        explorer-4-dependency hierarchy-4-meta-link diagram-3-found navigator-4-properties navigator-5-options selection-2-perl \
+        selection-3-folders progress-1-steps progress-2-bar; do
         [[ -f $demo_dir/$name.png ]] && pictures+=("$demo_dir/$name.png")
     done
     montage "${pictures[@]}" -tile 3x -geometry 480x340+6+6 -background '#f4f4f4' -depth 8 -colors 200 "PNG8:$demo_dir/tour.png"
