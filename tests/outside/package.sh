@@ -4,6 +4,11 @@
 
 package_names() { printf 'quorel-%s-%s ' "$(package_version)" x64 "$(package_version)" x86; }
 
+build_again() { # FOLDER
+    [[ -f $1/build.ninja ]] || cmake --preset windows-x86 -B "$1" || return 1
+    CCACHE_DISABLE=1 nice -n 10 ninja -C "$1" quorel_repository_component
+}
+
 # Twice from the same build, and a library from another folder without any cache.
 packing_tests() {
     local name first=$package_dir/first again=$top/build/again/windows-x86
@@ -15,8 +20,7 @@ packing_tests() {
     for name in $(package_names); do
         expect "$name: packed again it has the same bytes" cmp "$first/$name.zip" "$package_dir/$name.zip"
     done
-    [[ -f $again/build.ninja ]] || cmake --preset windows-x86 -B "$again" >"$logs/again.log" 2>&1
-    CCACHE_DISABLE=1 nice -n 10 ninja -C "$again" quorel_repository_component >>"$logs/again.log" 2>&1 || true
+    expect "a library is built elsewhere, without a cache" build_again "$again"
     expect "a library that is built elsewhere has the same bytes" cmp {"$again",build/windows-x86}/bin/QuorelRepository.dll
 }
 
@@ -58,10 +62,9 @@ unpacking_tests() { # FOLDER
     done
 }
 
-# All entries of the user's classes; the key that holds those of every program stays when it has been made.
-user_classes() {
-    { run_windows 60 reg query 'HKCU\Software\Classes' /s 2>/dev/null || true; } | tr -d '\r' | LC_ALL=C sort -u |
-        sed -E '/^$|\\CLSID$/d'
+# list_user_classes FILE: all their entries; the key that holds those of every program stays when it has been made.
+list_user_classes() {
+    run_windows 60 reg query 'HKCU\Software\Classes' /s | tr -d '\r' | LC_ALL=C sort -u | sed -E '/^$|\\CLSID$/d' >"$1"
 }
 command_file() { run_windows 60 cmd /c "$(windows_path "$1")"; }
 # shellcheck disable=SC2120
@@ -83,22 +86,25 @@ unmirror_user_classes() { run_windows 60 reg import "$(windows_path "$outside_di
 # shellcheck disable=SC2119
 has_no_class() { ! makes_identifiers; }
 tells_of_registering() { command_file "$unpacked/register.cmd" | grep -q '^Registered for this user'; }
-is_registered_here() { user_classes | grep -qF "$(windows_path "$unpacked/QuorelUtility.dll")"; }
+is_registered_here() { grep -qF "$(windows_path "$unpacked/QuorelUtility.dll")" "$1"; }
 fails_alone() { ! command_file "$outside_dir/register.cmd"; }
 tells_version() { run_windows 60 "$unpacked/navigator.exe" --version | grep -qF "$(package_version)"; }
 
 registration_tests() {
-    local before log=$logs/package-registration.log
-    before=$(user_classes)
+    local classes=$outside_dir/user-classes log=$logs/package-registration.log
+    expect "a user has a place for classes" run_windows 60 reg add 'HKCU\Software\Classes' /f
+    expect "what is there can be listed" list_user_classes "$classes.before"
     expect "unregistered, a script has no class" has_no_class
     expect "register.cmd ends with 0" command_file "$unpacked/register.cmd"
     expect "register.cmd says what it did" tells_of_registering
-    expect "the library is registered where it lies" is_registered_here
+    expect "the user's classes can be listed" list_user_classes "$classes.registered"
+    expect "the library is registered where it lies" is_registered_here "$classes.registered"
     mirror_user_classes >>"$log" 2>&1
     expect "registered, a script has the class" makes_identifiers
     unmirror_user_classes >>"$log" 2>&1
     expect "unregister.cmd ends with 0" command_file "$unpacked/unregister.cmd"
-    expect "unregister.cmd leaves nothing" cmp <(user_classes) <(printf '%s\n' "$before")
+    expect "they can be listed again" list_user_classes "$classes.after"
+    expect "unregister.cmd leaves nothing" cmp "$classes.before" "$classes.after"
     expect "unregister.cmd does no harm when nothing is there" command_file "$unpacked/unregister.cmd"
     cp "$unpacked/register.cmd" "$outside_dir/"
     expect "register.cmd alone ends with 1" fails_alone
@@ -155,6 +161,8 @@ in_trap() (
     WINEPATH=$(windows_path "$trap_folder") QUOREL_PLANTED=$(windows_path "$trap_folder/mark") run_windows 60 "$@"
 )
 
+refuses_to_register() { ! in_trap regsvr32 /s "$(windows_path "$trap_folder/quorelutility.dll")"; }
+
 planted_tests() {
     local trap_folder=$outside_dir/trap name
     rm -rf "$trap_folder"
@@ -165,7 +173,7 @@ planted_tests() {
     expect "the script host runs among them" in_trap "$top/build/windows/bin/quorelscript.exe" --manifest \
         "$(windows_path "$unpacked/QuorelUtility.manifest")" "$(windows_path "$unpacked/samples/vbscript/identifiers.vbs")" Garden
     expect "none of them was loaded" test ! -e "$trap_folder/mark"
-    in_trap regsvr32 /s "$(windows_path "$trap_folder/quorelutility.dll")" >/dev/null 2>&1 || true
+    expect "one that is named with its path is loaded, and registers nothing" refuses_to_register
     expect "one that is loaded leaves its mark" test -e "$trap_folder/mark"
 }
 
